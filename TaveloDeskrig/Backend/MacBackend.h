@@ -1,0 +1,62 @@
+#pragma once
+
+#include "AppItem.h"
+#include "AppRuntime.h"
+#include "OperationLog.h"
+#include "PlatformServices.h"
+#include "SystemChecks.h"
+
+#include <QHash>
+#include <QList>
+#include <QMap>
+#include <QString>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+namespace Tavelo
+{
+
+/// All that the program does to a Mac for the catalog: this is its table of contents, and the collaborators that the
+/// comments name do the work.
+///
+/// Operations block, tell their reasons in the log and never throw. They may be called from any thread of Qt's; the two
+/// functions given at construction are always entered on the main queue. The caller keeps the backend alive until an
+/// operation has returned.
+class MacBackend
+{
+public:
+    /// Makes the log ready.
+    MacBackend(const PlatformServices &services, UiLog uiLog, UiProgress uiProgress);
+    ~MacBackend();
+    Q_DISABLE_COPY_MOVE(MacBackend)
+
+    /// Locations and version of the program.
+    const AppRuntime &runtime() const;
+
+    /// The log and the progress channel (`OperationLog`).
+    void log(const QString &line) const;
+    void progress(const QString &message, std::optional<double> fraction) const;
+
+    /// Readiness (`SystemChecks`, `InstallBlockers`).
+    QList<SystemCheck> systemChecks() const;
+    QStringList installBlockers(const QList<AppItem> &items) const;
+
+    /// What is on the Mac (`ItemStatus`).
+    InstallStatus status(const AppItem &item) const;
+    QHash<QString, InstallStatus> statuses(const QList<AppItem> &items) const;
+    QList<QMap<QString, QString>> installStatusSnapshot() const;
+
+    /// Work on one item (`ItemOperations`, and behind it `Homebrew`, `DirectInstaller`, `LanguageKit`, `Shortcuts`,
+    /// `DefaultApps`, `BuiltinItems`).
+    bool install(const AppItem &item) const;
+    bool uninstall(const AppItem &item) const;
+    bool open(const AppItem &item) const;
+
+private:
+    struct Parts;
+    std::unique_ptr<const Parts> m_parts;
+};
+
+} // namespace Tavelo

@@ -1,0 +1,273 @@
+#include "FileManager.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSet>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+namespace Tavelo
+{
+
+namespace
+{
+
+namespace fs = std::filesystem;
+
+bool fail(FileError *error, int code)
+{
+    if (error)
+        *error = {code, QString::fromLocal8Bit(std::strerror(code))};
+    return false;
+}
+
+/// An open file that is closed on every path.
+class Descriptor
+{
+public:
+    explicit Descriptor(int number) : m_number(number) {}
+    ~Descriptor()
+    {
+        if (m_number >= 0)
+            ::close(m_number);
+    }
+    Q_DISABLE_COPY_MOVE(Descriptor)
+
+    bool isOpen() const { return m_number >= 0; }
+    int number() const { return m_number; }
+
+    /// Closes it now, since a full disk on a network volume is told only here.
+    bool close() { return ::close(std::exchange(m_number, -1)) == 0; }
+
+private:
+    int m_number;
+};
+
+bool writeWhole(int descriptor, const QByteArray &bytes)
+{
+    for (qsizetype done = 0; done < bytes.size();) {
+        const ssize_t written = ::write(descriptor, bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
+        if (written < 0 && errno != EINTR)
+            return false;
+        done += std::max<ssize_t>(written, 0);
+    }
+    return true;
+}
+
+/// Folders that the Finder shows as one file.
+bool isPackage(const QString &name)
+{
+    static const QSet<QString> extensions = {
+        QStringLiteral("app"),       QStringLiteral("appex"),       QStringLiteral("bundle"),
+        QStringLiteral("component"), QStringLiteral("kext"),        QStringLiteral("mdimporter"),
+        QStringLiteral("mpkg"),      QStringLiteral("pkg"),         QStringLiteral("plugin"),
+        QStringLiteral("prefpane"),  QStringLiteral("qlgenerator"), QStringLiteral("rtfd"),
+        QStringLiteral("saver"),     QStringLiteral("wdgt"),        QStringLiteral("workflow"),
+        QStringLiteral("xpc"),
+    };
+    const qsizetype dot = name.lastIndexOf(u'.');
+    return dot > 0 && extensions.contains(name.mid(dot + 1).toLower());
+}
+
+bool isHidden(const fs::path &hostPath, const QString &name)
+{
+    if (name.startsWith(u'.'))
+        return true;
+#ifdef Q_OS_MACOS
+    struct stat info;
+    return ::lstat(hostPath.c_str(), &info) == 0 && (info.st_flags & UF_HIDDEN) != 0;
+#else
+    Q_UNUSED(hostPath)
+    return false;
+#endif
+}
+
+/// What one call of `enumerate` carries down the folders.
+struct Enumeration {
+    EnumerationOptions options;
+    const std::function<Walk(const FolderEntry &)> &visit;
+
+    bool readable(const fs::path &hostFolder, std::vector<fs::directory_entry> &entries) const
+    {
+        std::error_code code;
+        for (fs::directory_iterator next(hostFolder, code), end; !code && next != end; next.increment(code))
+            entries.push_back(*next);
+        std::sort(entries.begin(), entries.end());
+        return !code;
+    }
+
+    /// False to stop the whole enumeration.
+    bool walk(const std::vector<fs::directory_entry> &entries, const QString &macFolder) const
+    {
+        const QString prefix = macFolder.endsWith(u'/') ? macFolder : macFolder + u'/';
+        for (const fs::directory_entry &entry : entries) {
+            const QString name = QFile::decodeName(entry.path().filename().c_str());
+            if (options.testFlag(EnumerationOption::skipHidden) && isHidden(entry.path(), name))
+                continue;
+            std::error_code ignored;
+            const bool isFolder = entry.symlink_status(ignored).type() == fs::file_type::directory;
+            const FolderEntry found{prefix + name, name, isFolder};
+            const Walk step = visit(found);
+            if (step == Walk::stop)
+                return false;
+            if (!isFolder || step == Walk::skipDescendants)
+                continue;
+            if (options.testFlag(EnumerationOption::skipPackageDescendants) && isPackage(name))
+                continue;
+            std::vector<fs::directory_entry> below;
+            readable(entry.path(), below);
+            if (!walk(below, found.path))
+                return false;
+        }
+        return true;
+    }
+};
+
+} // namespace
+
+FileManager::FileManager(HostRoot root) : m_root(std::move(root)) {}
+
+FileManager::~FileManager() = default;
+
+bool FileManager::exists(const QString &path) const
+{
+    return QFileInfo::exists(m_root.hostPath(path));
+}
+
+bool FileManager::isFolder(const QString &path) const
+{
+    return QFileInfo(m_root.hostPath(path)).isDir();
+}
+
+bool FileManager::isReadable(const QString &path) const
+{
+    return ::access(QFile::encodeName(m_root.hostPath(path)).constData(), R_OK) == 0;
+}
+
+bool FileManager::isWritable(const QString &path) const
+{
+    return ::access(QFile::encodeName(m_root.hostPath(path)).constData(), W_OK) == 0;
+}
+
+bool FileManager::isExecutableFile(const QString &path) const
+{
+    const QString hostPath = m_root.hostPath(path);
+    return QFileInfo(hostPath).isFile() && ::access(QFile::encodeName(hostPath).constData(), X_OK) == 0;
+}
+
+std::optional<QByteArray> FileManager::contents(const QString &path, FileError *error) const
+{
+    // Not blocking, so that a pipe planted at the path is refused instead of waited for.
+    const Descriptor file(
+        ::open(QFile::encodeName(m_root.hostPath(path)).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat info;
+    if (!file.isOpen() || ::fstat(file.number(), &info) != 0) {
+        fail(error, errno);
+        return std::nullopt;
+    }
+    if (!S_ISREG(info.st_mode)) {
+        fail(error, S_ISDIR(info.st_mode) ? EISDIR : EINVAL);
+        return std::nullopt;
+    }
+    QFile reader;
+    if (!reader.open(file.number(), QIODevice::ReadOnly)) {
+        fail(error, EIO);
+        return std::nullopt;
+    }
+    QByteArray bytes = reader.readAll();
+    if (reader.error() != QFileDevice::NoError) {
+        fail(error, EIO);
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+bool FileManager::createFolder(const QString &path, mode_t mode, FileError *error) const
+{
+    const QString hostPath = m_root.hostPath(path);
+    std::error_code code;
+    const fs::path parent = fs::path(QFile::encodeName(hostPath).constData()).parent_path();
+    if (!parent.empty())
+        fs::create_directories(parent, code);
+    if (code)
+        return fail(error, code.value());
+    if (::mkdir(QFile::encodeName(hostPath).constData(), mode) == 0)
+        return true;
+    const int reason = errno;
+    return (reason == EEXIST && QFileInfo(hostPath).isDir()) || fail(error, reason);
+}
+
+bool FileManager::createFile(const QString &path, mode_t mode, FileError *error) const
+{
+    const Descriptor file(
+        ::open(QFile::encodeName(m_root.hostPath(path)).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+    return file.isOpen() || fail(error, errno);
+}
+
+bool FileManager::append(const QString &path, const QByteArray &bytes, FileError *error) const
+{
+    Descriptor file(
+        ::open(QFile::encodeName(m_root.hostPath(path)).constData(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK));
+    if (!file.isOpen() || !writeWhole(file.number(), bytes) || !file.close())
+        return fail(error, errno);
+    return true;
+}
+
+bool FileManager::writeAtomically(const QString &path, const QByteArray &bytes, mode_t mode, FileError *error) const
+{
+    const QByteArray target = QFile::encodeName(m_root.hostPath(path));
+    QByteArray temporary = target + ".XXXXXX"; // mkstemp makes it with mode 0600
+    Descriptor file(::mkstemp(temporary.data()));
+    if (!file.isOpen())
+        return fail(error, errno);
+    if (writeWhole(file.number(), bytes) && ::fchmod(file.number(), mode) == 0 && ::fsync(file.number()) == 0 &&
+        file.close() && ::rename(temporary.constData(), target.constData()) == 0)
+        return true;
+    const int reason = errno;
+    ::unlink(temporary.constData());
+    return fail(error, reason);
+}
+
+bool FileManager::setMode(const QString &path, mode_t mode, FileError *error) const
+{
+    return ::chmod(QFile::encodeName(m_root.hostPath(path)).constData(), mode) == 0 || fail(error, errno);
+}
+
+bool FileManager::remove(const QString &path, FileError *error) const
+{
+    std::error_code code;
+    const auto removed = fs::remove_all(QFile::encodeName(m_root.hostPath(path)).constData(), code);
+    if (code)
+        return fail(error, code.value());
+    return removed > 0 || fail(error, ENOENT);
+}
+
+std::optional<qint64> FileManager::freeBytes(const QString &path) const
+{
+    struct statvfs info;
+    if (::statvfs(QFile::encodeName(m_root.hostPath(path)).constData(), &info) != 0)
+        return std::nullopt;
+    return static_cast<qint64>(info.f_bavail) * static_cast<qint64>(info.f_frsize);
+}
+
+bool FileManager::enumerate(const QString &folder, EnumerationOptions options,
+                            const std::function<Walk(const FolderEntry &)> &visit) const
+{
+    const Enumeration enumeration{options, visit};
+    std::vector<fs::directory_entry> entries;
+    if (!enumeration.readable(QFile::encodeName(m_root.hostPath(folder)).constData(), entries))
+        return false;
+    enumeration.walk(entries, folder);
+    return true;
+}
+
+} // namespace Tavelo

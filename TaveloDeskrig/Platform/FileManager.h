@@ -1,0 +1,98 @@
+#pragma once
+
+#include "HostRoot.h"
+
+#include <QByteArray>
+#include <QFlags>
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+#include <sys/types.h>
+
+namespace Tavelo
+{
+
+/// Why a file operation failed. The text is the system's own, as `strerror` words it.
+struct FileError {
+    int code = 0; ///< An `errno` value; 0 means no error.
+    QString text;
+};
+
+/// An entry met while a folder is enumerated.
+struct FolderEntry {
+    QString path;          ///< Mac path.
+    QString name;          ///< Last component of the path.
+    bool isFolder = false; ///< False for a symbolic link, whatever it points to.
+};
+
+/// How to go on after an entry.
+enum class Walk { onwards, skipDescendants, stop };
+
+enum class EnumerationOption {
+    skipHidden = 1,             ///< Leaves out entries whose name begins with a dot, and what lies below them.
+    skipPackageDescendants = 2, ///< Gives an application or another package, but nothing inside it.
+};
+Q_DECLARE_FLAGS(EnumerationOptions, EnumerationOption)
+
+/// All access to the Mac's files. Every path, in and out, is a Mac path.
+///
+/// An operation that can fail gives false or nothing, and tells why through `error` where one is passed. Virtual, so
+/// that a test can refuse one operation and leave the rest real.
+class FileManager
+{
+public:
+    explicit FileManager(HostRoot root = {});
+    virtual ~FileManager();
+    Q_DISABLE_COPY_MOVE(FileManager)
+
+    /// These follow symbolic links. Nothing there, or a dangling link, is false.
+    virtual bool exists(const QString &path) const;
+    virtual bool isFolder(const QString &path) const;
+    virtual bool isReadable(const QString &path) const;
+    virtual bool isWritable(const QString &path) const;
+    /// A regular file that this user may execute.
+    virtual bool isExecutableFile(const QString &path) const;
+
+    /// The whole of a regular file; nothing for a folder or what cannot be read.
+    virtual std::optional<QByteArray> contents(const QString &path, FileError *error = nullptr) const;
+
+    /// Creates the folder, with mode `mode` (less the umask), and its missing parents with mode 0777 less the umask. A
+    /// folder that is there already is a success and keeps its mode.
+    virtual bool createFolder(const QString &path, mode_t mode = 0777, FileError *error = nullptr) const;
+
+    /// Creates an empty file with that mode (less the umask). A file that is there already is an error (EEXIST).
+    virtual bool createFile(const QString &path, mode_t mode, FileError *error = nullptr) const;
+
+    /// Adds `bytes` to the end of an existing file with one write, so that lines of several writers never mix.
+    virtual bool append(const QString &path, const QByteArray &bytes, FileError *error = nullptr) const;
+
+    /// Replaces the file as a whole: the bytes go to a private temporary file (mode 0600) in the same folder, which is
+    /// synced, given `mode` and renamed. Whatever happens, the path holds the old file or the new one.
+    virtual bool writeAtomically(const QString &path, const QByteArray &bytes, mode_t mode,
+                                 FileError *error = nullptr) const;
+
+    virtual bool setMode(const QString &path, mode_t mode, FileError *error = nullptr) const;
+
+    /// Removes a file, a link or a folder with all that is in it; links are removed, not followed. Nothing there is an
+    /// error (ENOENT).
+    virtual bool remove(const QString &path, FileError *error = nullptr) const;
+
+    /// Bytes that this user may still write on the file system of `path`; nothing if it cannot be told.
+    virtual std::optional<qint64> freeBytes(const QString &path) const;
+
+    /// Visits what lies below `folder`, depth first and by name within a folder, without following links. A folder that
+    /// cannot be read is passed over. False if `folder` itself cannot be read.
+    virtual bool enumerate(const QString &folder, EnumerationOptions options,
+                           const std::function<Walk(const FolderEntry &)> &visit) const;
+
+    const HostRoot &root() const { return m_root; }
+
+private:
+    HostRoot m_root;
+};
+
+Q_DECLARE_OPERATORS_FOR_FLAGS(EnumerationOptions)
+
+} // namespace Tavelo

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+
+namespace Tavelo
+{
+
+/// The queue of calls that run on the main thread: the thread on which it was made.
+///
+/// A desktop application's event loop runs them by itself. Whoever occupies the main thread instead (the command line
+/// while it waits for a child) calls `service`. Calls that were never run are dropped with the queue.
+class MainQueue
+{
+public:
+    MainQueue() = default;
+    Q_DISABLE_COPY_MOVE(MainQueue)
+
+    /// Queues a call, from any thread, and returns at once. Calls run in the order of queuing.
+    void post(std::function<void()> call);
+
+    bool isMainThread() const;
+
+    /// Runs what is queued so far. Does nothing on any other thread than the main one.
+    void service();
+
+private:
+    QObject m_receiver;
+};
+
+} // namespace Tavelo

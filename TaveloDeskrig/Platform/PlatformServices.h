@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QVariant>
+
+#include <memory>
+
+class QProcessEnvironment;
+
+namespace Tavelo
+{
+
+class Clock;
+class Console;
+class FileManager;
+class MainQueue;
+class ProcessLauncher;
+class SystemFacts;
+
+/// All that the rest of the program may ask of the machine, handed down by constructor. A test replaces one service and
+/// keeps the others real.
+struct PlatformServices {
+    std::shared_ptr<const FileManager> files;
+    std::shared_ptr<const ProcessLauncher> processes;
+    std::shared_ptr<const SystemFacts> facts;
+    std::shared_ptr<MainQueue> mainQueue; ///< Its main thread is the one that made this record.
+    std::shared_ptr<const Clock> clock;
+    std::shared_ptr<const Console> console;
+    QVariantMap ownBundleInfo; ///< Information dictionary of the program's own bundle.
+
+    /// The services of the Mac that the environment names: this machine, or the folder in `TAVELO_MAC_HOST_ROOT`.
+    static PlatformServices make(const QProcessEnvironment &environment);
+};
+
+} // namespace Tavelo

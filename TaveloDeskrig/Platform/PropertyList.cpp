@@ -1,0 +1,180 @@
+#include "PropertyList.h"
+
+#include "FileManager.h"
+
+#include <QDateTime>
+#include <QMetaType>
+
+#include <cstdlib>
+#include <limits>
+#include <memory>
+
+#include <plist/plist.h>
+
+namespace Tavelo::PropertyList
+{
+
+namespace
+{
+
+using Node = std::unique_ptr<void, decltype(&plist_free)>;
+
+/// Dates of a property list count from 1 January 2001 (UTC); this is that moment in Unix time.
+constexpr qint64 epoch = 978307200; // seconds
+
+std::optional<QVariant> fromNode(plist_t node, int depth);
+
+std::optional<QVariant> fromDictionary(plist_t node, int depth)
+{
+    QVariantMap map;
+    plist_dict_iter iterator = nullptr;
+    plist_dict_new_iter(node, &iterator);
+    const std::unique_ptr<void, decltype(&std::free)> owner(iterator, std::free);
+    for (;;) {
+        char *key = nullptr;
+        plist_t value = nullptr;
+        plist_dict_next_item(node, iterator, &key, &value);
+        if (!value) {
+            std::free(key);
+            return map;
+        }
+        std::optional<QVariant> converted = fromNode(value, depth + 1);
+        if (converted)
+            map.insert(QString::fromUtf8(key), *std::move(converted));
+        std::free(key);
+        if (!converted)
+            return std::nullopt;
+    }
+}
+
+std::optional<QVariant> fromArray(plist_t node, int depth)
+{
+    QVariantList list;
+    const uint32_t size = plist_array_get_size(node);
+    for (uint32_t index = 0; index < size; ++index) {
+        std::optional<QVariant> converted = fromNode(plist_array_get_item(node, index), depth + 1);
+        if (!converted)
+            return std::nullopt;
+        list.append(*std::move(converted));
+    }
+    return list;
+}
+
+std::optional<QVariant> fromNode(plist_t node, int depth)
+{
+    if (depth > maximumDepth)
+        return std::nullopt;
+    switch (plist_get_node_type(node)) {
+    case PLIST_BOOLEAN: {
+        uint8_t value = 0;
+        plist_get_bool_val(node, &value);
+        return QVariant(value != 0);
+    }
+    case PLIST_UINT: {
+        uint64_t value = 0;
+        plist_get_uint_val(node, &value);
+        return QVariant(static_cast<qlonglong>(value));
+    }
+    case PLIST_REAL: {
+        double value = 0;
+        plist_get_real_val(node, &value);
+        return QVariant(value);
+    }
+    case PLIST_STRING: {
+        uint64_t length = 0;
+        const char *text = plist_get_string_ptr(node, &length);
+        return QVariant(QString::fromUtf8(text, static_cast<qsizetype>(length)));
+    }
+    case PLIST_DATA: {
+        uint64_t length = 0;
+        const char *bytes = plist_get_data_ptr(node, &length);
+        return QVariant(QByteArray(bytes, static_cast<qsizetype>(length)));
+    }
+    case PLIST_DATE: {
+        int32_t seconds = 0;
+        int32_t microseconds = 0;
+        plist_get_date_val(node, &seconds, &microseconds);
+        return QVariant(QDateTime::fromMSecsSinceEpoch((epoch + seconds) * 1000 + microseconds / 1000, Qt::UTC));
+    }
+    case PLIST_DICT:
+        return fromDictionary(node, depth);
+    case PLIST_ARRAY:
+        return fromArray(node, depth);
+    default:
+        return std::nullopt;
+    }
+}
+
+plist_t toNode(const QVariant &value)
+{
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+        return plist_new_bool(value.toBool());
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+        return plist_new_uint(value.toULongLong());
+    case QMetaType::Double:
+        return plist_new_real(value.toDouble());
+    case QMetaType::QByteArray: {
+        const QByteArray bytes = value.toByteArray();
+        return plist_new_data(bytes.constData(), static_cast<uint64_t>(bytes.size()));
+    }
+    case QMetaType::QDateTime:
+        return plist_new_date(static_cast<int32_t>(value.toDateTime().toSecsSinceEpoch() - epoch), 0);
+    case QMetaType::QVariantMap: {
+        plist_t node = plist_new_dict();
+        const QVariantMap map = value.toMap();
+        for (auto entry = map.cbegin(); entry != map.cend(); ++entry)
+            plist_dict_set_item(node, entry.key().toUtf8().constData(), toNode(entry.value()));
+        return node;
+    }
+    case QMetaType::QVariantList:
+    case QMetaType::QStringList: {
+        plist_t node = plist_new_array();
+        const QVariantList list = value.toList();
+        for (const QVariant &entry : list)
+            plist_array_append_item(node, toNode(entry));
+        return node;
+    }
+    default:
+        return plist_new_string(value.toString().toUtf8().constData());
+    }
+}
+
+} // namespace
+
+std::optional<QVariant> parse(const QByteArray &bytes)
+{
+    if (bytes.isEmpty() || bytes.size() > std::numeric_limits<int32_t>::max())
+        return std::nullopt;
+    plist_t root = nullptr;
+    plist_from_memory(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
+    const Node owner(root, plist_free);
+    return root ? fromNode(root, 0) : std::nullopt;
+}
+
+std::optional<QVariant> read(const FileManager &files, const QString &path)
+{
+    const std::optional<QByteArray> bytes = files.contents(path);
+    return bytes ? parse(*bytes) : std::nullopt;
+}
+
+QVariantMap readDictionary(const FileManager &files, const QString &path)
+{
+    return read(files, path).value_or(QVariant()).toMap();
+}
+
+QByteArray xml(const QVariant &value)
+{
+    const Node root(toNode(value), plist_free);
+    char *text = nullptr;
+    uint32_t length = 0;
+    plist_to_xml(root.get(), &text, &length);
+    const QByteArray bytes(text, static_cast<qsizetype>(length));
+    std::free(text);
+    return bytes;
+}
+
+} // namespace Tavelo::PropertyList

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "HostRoot.h"
+
+#include <QProcessEnvironment>
+#include <QString>
+
+#include <memory>
+
+namespace Tavelo
+{
+
+class FileManager;
+
+struct OSVersion {
+    int major = 0;
+    int minor = 0;
+    int patch = 0;
+
+    bool operator==(const OSVersion &) const = default;
+};
+
+/// What is known about the machine and about who runs the program. Virtual, so that a test can state one fact.
+class SystemFacts
+{
+public:
+    SystemFacts(std::shared_ptr<const FileManager> files, QProcessEnvironment environment);
+    virtual ~SystemFacts();
+    Q_DISABLE_COPY_MOVE(SystemFacts)
+
+    /// The version in `/System/Library/CoreServices/SystemVersion.plist`; 0.0.0 where it cannot be told, which no check
+    /// accepts.
+    virtual OSVersion osVersion() const;
+
+    /// The hardware name of the processor, "arm64" or "x86_64" on a Mac; empty if the system does not tell.
+    virtual QString machineName() const;
+
+    /// True when the name resolves to an address. Blocks for as long as the resolver takes. A simulated Mac knows the
+    /// names in its `/etc/hosts`.
+    virtual bool resolves(const QString &hostName) const;
+
+    virtual bool isRoot() const;
+
+    /// The user's home folder as a Mac path: on this machine `HOME`, else what the password database says; on a
+    /// simulated Mac `/Users/` and the value of `USER`, or `/Users/technician`.
+    virtual QString homeFolder() const;
+
+    /// The program's environment as it was when the facts were gathered.
+    const QProcessEnvironment &environment() const { return m_environment; }
+
+private:
+    std::shared_ptr<const FileManager> m_files;
+    QProcessEnvironment m_environment;
+};
+
+} // namespace Tavelo

@@ -1,0 +1,10 @@
+# add_project_test(CommandRunnerTest SOURCES CommandRunnerTest.cpp USES Backend)
+#
+# One executable and one CTest entry of the same name. Every test gets the helpers of tests/support.
+function(add_project_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 test "" "" "SOURCES;USES")
+  add_executable(${name} ${test_SOURCES})
+  target_link_libraries(${name} PRIVATE TestSupport ${test_USES} ProjectSettings)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()

@@ -1,0 +1,29 @@
+# What every target of the project is compiled with, and the one way to declare a room.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_AUTOMOC ON)
+
+add_library(ProjectSettings INTERFACE)
+target_compile_options(ProjectSettings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough -Werror)
+target_compile_definitions(ProjectSettings INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(TAVELO_SANITIZE)
+  target_compile_options(ProjectSettings INTERFACE
+    -fsanitize=${TAVELO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(ProjectSettings INTERFACE -fsanitize=${TAVELO_SANITIZE})
+endif()
+
+# A room is a folder of TaveloDeskrig/ and one static library. It sees the headers of the rooms that it names in USES, and
+# of those that they use; a higher room's headers are not on its include path, so that an arrow can only point down.
+#
+#   add_room(Catalog SOURCES AppItem.h Catalog.cpp … USES Platform)
+function(add_room name)
+  cmake_parse_arguments(PARSE_ARGV 1 room "" "" "SOURCES;USES")
+  add_library(${name} STATIC ${room_SOURCES})
+  target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+  target_link_libraries(${name} PUBLIC Qt6::Core ${room_USES} PRIVATE ProjectSettings)
+endfunction()

@@ -1,0 +1,61 @@
+# shellcheck shell=bash
+# What the project needs from outside, and the one way to install what is missing. Sourced by run, test, bench/run and
+# .ci/run; says what it does on standard error, and nothing when there is nothing to do.
+
+debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libplist-dev zip unzip)
+debian_check_packages=(clang clang-format clang-tidy shellcheck)
+homebrew_build_packages=(cmake ninja pkg-config qt libplist)
+
+# install_packages build|check: installs the packages of that list that are missing.
+install_packages() {
+    case $(uname -s) in
+    Darwin) [ "$1" != build ] || install_homebrew_packages "${homebrew_build_packages[@]}" ;;
+    *)
+        case $1 in
+        build) install_debian_packages "${debian_build_packages[@]}" ;;
+        check) install_debian_packages "${debian_check_packages[@]}" ;;
+        esac
+        ;;
+    esac
+}
+
+install_homebrew_packages() {
+    local name missing=()
+    for name in "$@"; do
+        [ -e "$(brew --prefix)/opt/$name" ] || missing+=("$name")
+    done
+    [ ${#missing[@]} -eq 0 ] || brew install "${missing[@]}" >&2
+}
+
+install_debian_packages() {
+    local present name missing=() as_root=() log
+    command -v dpkg-query >/dev/null || {
+        echo "This is neither a Mac nor a Debian system. Please see to these yourself: $*" >&2
+        return 0
+    }
+    present=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "$@" 2>/dev/null || true)
+    for name in "$@"; do
+        case $'\n'$present$'\n' in
+        *$'\n'"installed $name"$'\n'*) ;;
+        *) missing+=("$name") ;;
+        esac
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    if [ "$(id -u)" -ne 0 ]; then
+        as_root=(sudo)
+        command -v sudo >/dev/null || {
+            echo "Please install these packages as root, then start again: ${missing[*]}" >&2
+            return 1
+        }
+    fi
+    echo "Installing ${missing[*]} …" >&2
+    log=$(mktemp)
+    if ! { "${as_root[@]}" apt-get update -qq &&
+        "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+            apt-get install -y -qq --no-install-recommends "${missing[@]}"; } </dev/null >"$log" 2>&1; then
+        cat "$log" >&2
+        rm -f "$log"
+        return 1
+    fi
+    rm -f "$log"
+}

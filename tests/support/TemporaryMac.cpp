@@ -1,0 +1,102 @@
+#include "TemporaryMac.h"
+
+#include "PropertyList.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <sys/stat.h>
+
+namespace Tavelo
+{
+
+TemporaryMac::TemporaryMac()
+{
+    environment.insert(QStringLiteral("TAVELO_MAC_HOST_ROOT"), folder());
+    environment.insert(QStringLiteral("PATH"), QStringLiteral("/usr/bin:/bin"));
+    environment.insert(QStringLiteral("USER"), QStringLiteral("technician"));
+    QDir(folder()).mkpath(QStringLiteral("Applications"));
+    QDir(folder()).mkpath(home().mid(1));
+    setVersion(QStringLiteral("15.1"));
+    write(QStringLiteral("/etc/hosts"), "127.0.0.1 formulae.brew.sh\n");
+}
+
+void TemporaryMac::write(const QString &macPath, const QByteArray &bytes, bool executable) const
+{
+    QDir().mkpath(QFileInfo(hostPath(macPath)).path());
+    QFile file(hostPath(macPath));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+    if (executable)
+        file.setPermissions(file.permissions() | QFile::ExeOwner | QFile::ExeUser);
+}
+
+void TemporaryMac::addTool(const QString &macPath, const QByteArray &script) const
+{
+    write(macPath, "#!/bin/sh\nROOT=$TAVELO_MAC_HOST_ROOT\n" + script + '\n', true);
+}
+
+void TemporaryMac::addApp(const QString &macPath, const QString &identifier) const
+{
+    write(macPath + QStringLiteral("/Contents/Info.plist"),
+          PropertyList::xml(QVariantMap{{QStringLiteral("CFBundleIdentifier"), identifier}}));
+}
+
+void TemporaryMac::setVersion(const QString &version) const
+{
+    write(QStringLiteral("/System/Library/CoreServices/SystemVersion.plist"),
+          PropertyList::xml(QVariantMap{{QStringLiteral("ProductVersion"), version}}));
+}
+
+QByteArray TemporaryMac::contents(const QString &macPath) const
+{
+    QFile file(hostPath(macPath));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool TemporaryMac::exists(const QString &macPath) const
+{
+    return QFileInfo::exists(hostPath(macPath));
+}
+
+int TemporaryMac::mode(const QString &macPath) const
+{
+    struct stat info = {};
+    return ::stat(QFile::encodeName(hostPath(macPath)).constData(), &info) == 0 ? info.st_mode & 07777 : -1;
+}
+
+PlatformServices TemporaryMac::services() const
+{
+    PlatformServices services = PlatformServices::make(environment);
+    services.clock = std::make_shared<StillClock>();
+    return services;
+}
+
+UiLog Recorder::uiLog()
+{
+    return [this](const QString &line) { lines.append(line); };
+}
+
+UiProgress Recorder::uiProgress()
+{
+    return [this](const InstallProgressUpdate &update) { progress.append(update); };
+}
+
+QStringList Recorder::texts() const
+{
+    QStringList texts;
+    for (const QString &line : lines)
+        texts.append(line.mid(11));
+    return texts;
+}
+
+QList<double> Recorder::fractions() const
+{
+    QList<double> fractions;
+    for (const InstallProgressUpdate &update : progress)
+        fractions.append(update.fraction.value_or(-1));
+    return fractions;
+}
+
+} // namespace Tavelo

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "Clock.h"
+#include "OperationLog.h"
+#include "PlatformServices.h"
+
+#include <QProcessEnvironment>
+#include <QString>
+#include <QStringList>
+#include <QTemporaryDir>
+
+namespace Tavelo
+{
+
+/// A clock that stands still; sleeping moves it and takes no time.
+class StillClock : public Clock
+{
+public:
+    QDateTime now() const override { return m_now; }
+    void sleep(std::chrono::milliseconds duration) const override { m_now = m_now.addMSecs(duration.count()); }
+
+private:
+    mutable QDateTime m_now{QDate(2026, 1, 2), QTime(3, 4, 5)};
+};
+
+/// An empty Mac in a temporary folder, on macOS 15.1 with the network answering, for a test to furnish with files and
+/// small tools of its own. Its user is `technician`.
+class TemporaryMac
+{
+public:
+    TemporaryMac();
+
+    /// Where the Mac lies on the host.
+    QString folder() const { return m_folder.path(); }
+    QString hostPath(const QString &macPath) const { return folder() + macPath; }
+    QString home() const { return QStringLiteral("/Users/technician"); }
+
+    /// Writes a file, with the folders above it.
+    void write(const QString &macPath, const QByteArray &bytes, bool executable = false) const;
+
+    /// A program: the lines of a POSIX shell script. `$ROOT` in it is the Mac's folder on the host.
+    void addTool(const QString &macPath, const QByteArray &script) const;
+
+    /// A bundle with an Info.plist that holds this identifier.
+    void addApp(const QString &macPath, const QString &identifier) const;
+
+    void setVersion(const QString &version) const;
+
+    /// Bytes of a file; empty if there is none.
+    QByteArray contents(const QString &macPath) const;
+    bool exists(const QString &macPath) const;
+
+    /// Permission bits of a file, as `0600`.
+    int mode(const QString &macPath) const;
+
+    /// The environment that the services are made from; change it before `services()`.
+    QProcessEnvironment environment;
+
+    /// Real services on this Mac, with a `StillClock`.
+    PlatformServices services() const;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+/// What a front end would have heard. Deliver what is queued with the main queue's `service()`.
+struct Recorder {
+    QStringList lines; ///< As logged, with their time.
+    QList<InstallProgressUpdate> progress;
+
+    UiLog uiLog();
+    UiProgress uiProgress();
+
+    /// The lines without their "[HH:mm:ss] ".
+    QStringList texts() const;
+    QList<double> fractions() const;
+};
+
+} // namespace Tavelo
