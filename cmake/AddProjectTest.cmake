@@ -4,6 +4,7 @@
 function(add_project_test name)
   cmake_parse_arguments(PARSE_ARGV 1 test "" "" "SOURCES;USES")
   add_executable(${name} ${test_SOURCES})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PRIVATE TestSupport ${test_USES} ProjectSettings)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "ProcessLauncher.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <vector>
+
+namespace Tavelo::Bench
+{
+
+/// Medians of several rounds, which a busy moment of the machine does not move.
+struct Pair {
+    double measured = 0; ///< Milliseconds.
+    double floor = 0;    ///< Milliseconds.
+};
+
+/// Measures both in turns, so that both meet the same machine.
+Pair compare(const std::function<void()> &work, const std::function<void()> &floor, int rounds);
+
+/// Prints one figure beside its floor: the ratio, and the budget that it should stay within.
+void print(const QString &what, const Pair &pair, double budget);
+
+/// Starts a program of the host the barest way there is, drops or reads its output, and waits for it. Gives its status.
+int bareRun(const QString &hostPath, const QStringList &arguments, const QStringList &environment, bool readOutput);
+
+/// Real processes, of which it keeps a list.
+class RecordingLauncher : public ProcessLauncher
+{
+public:
+    using ProcessLauncher::ProcessLauncher;
+
+    ProcessResult run(const ProcessSetup &setup) const override;
+
+    mutable std::vector<ProcessSetup> setups;
+};
+
+} // namespace Tavelo::Bench

@@ -1,0 +1,20 @@
+#!/bin/sh
+# Every path that the documents name exists, so that they cannot point a newcomer to what has moved.
+cd "$(dirname "$0")/../.." || exit 2
+passed=0
+failed=0
+for document in README.md CONTRIBUTING.md docs/*.md; do
+    paths=$(sed -n '/^```/,/^```/!p' "$document" |
+        grep -oE '`((TaveloDeskrig|tests|docs|simulated-mac|bench|scripts|cmake)(/[A-Za-z0-9_./-]+)?|run|test|\.ci/run)`|\]\([^):]+\)' |
+        sed 's/^`//; s/`$//; s/^](\(.*\))$/\1/' | sort -u)
+    for path in $paths; do
+        if [ -e "$path" ] || [ -e "$(dirname "$document")/$path" ]; then
+            passed=$((passed + 1))
+        else
+            failed=$((failed + 1))
+            echo "$document names $path, which does not exist"
+        fi
+    done
+done
+echo "$passed passed, $failed failed"
+[ "$failed" -eq 0 ] && [ "$passed" -gt 20 ]
