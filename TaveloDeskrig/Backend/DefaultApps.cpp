@@ -68,7 +68,7 @@ std::optional<QString> DefaultApps::onlyofficeBundleID() const
 {
     const QStringList candidates = onlyofficeAppCandidates();
     for (const QString &path : candidates) {
-        const std::optional<QString> identifier = Bundle::identifier(*m_services.files, path);
+        std::optional<QString> identifier = Bundle::identifier(*m_services.files, path);
         if (identifier && !identifier->isEmpty())
             return identifier;
     }

@@ -47,6 +47,8 @@ ProcessResult ProcessLauncher::run(const ProcessSetup &setup) const
 
     ProcessResult result{.started = true, .status = 0, .output = {}, .error = {}};
     const auto take = [&] {
+        if (setup.output == Output::discard)
+            return;
         const QByteArray bytes = process.readAllStandardOutput();
         if (bytes.isEmpty())
             return;

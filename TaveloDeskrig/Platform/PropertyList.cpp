@@ -38,12 +38,11 @@ std::optional<QVariant> fromDictionary(plist_t node, int depth)
             std::free(key);
             return map;
         }
+        const std::unique_ptr<char, decltype(&std::free)> keyOwner(key, std::free);
         std::optional<QVariant> converted = fromNode(value, depth + 1);
-        if (converted)
-            map.insert(QString::fromUtf8(key), *std::move(converted));
-        std::free(key);
         if (!converted)
             return std::nullopt;
+        map.insert(QString::fromUtf8(key), *std::move(converted));
     }
 }
 
@@ -172,7 +171,7 @@ QByteArray xml(const QVariant &value)
     char *text = nullptr;
     uint32_t length = 0;
     plist_to_xml(root.get(), &text, &length);
-    const QByteArray bytes(text, static_cast<qsizetype>(length));
+    QByteArray bytes(text, static_cast<qsizetype>(length));
     std::free(text);
     return bytes;
 }

@@ -43,8 +43,8 @@ bool isFolderName(const QString &name)
 
 } // namespace
 
-SystemFacts::SystemFacts(std::shared_ptr<const FileManager> files, QProcessEnvironment environment)
-    : m_files(std::move(files)), m_environment(std::move(environment))
+SystemFacts::SystemFacts(std::shared_ptr<const FileManager> files, const QProcessEnvironment &environment)
+    : m_files(std::move(files)), m_environment(environment)
 {
 }
 
@@ -99,7 +99,7 @@ QString SystemFacts::homeFolder() const
         const QString user = m_environment.value(QStringLiteral("USER"));
         return QStringLiteral("/Users/") + (isFolderName(user) ? user : QStringLiteral("technician"));
     }
-    const QString home = m_environment.value(QStringLiteral("HOME"));
+    QString home = m_environment.value(QStringLiteral("HOME"));
     if (home.startsWith(u'/'))
         return home;
     const passwd *entry = ::getpwuid(::getuid());

@@ -24,7 +24,7 @@ struct OSVersion {
 class SystemFacts
 {
 public:
-    SystemFacts(std::shared_ptr<const FileManager> files, QProcessEnvironment environment);
+    SystemFacts(std::shared_ptr<const FileManager> files, const QProcessEnvironment &environment);
     virtual ~SystemFacts();
     Q_DISABLE_COPY_MOVE(SystemFacts)
 

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 
 #include <sys/stat.h>
 
@@ -34,7 +35,28 @@ void TemporaryMac::write(const QString &macPath, const QByteArray &bytes, bool e
 
 void TemporaryMac::addTool(const QString &macPath, const QByteArray &script) const
 {
-    write(macPath, "#!/bin/sh\nROOT=$TAVELO_MAC_HOST_ROOT\n" + script + '\n', true);
+    write(macPath,
+          "#!/bin/sh\nROOT=$TAVELO_MAC_HOST_ROOT\n(IFS='|'; printf '%s\\n' \"${0##*/}|$*\" >>\"$ROOT/calls\")\n"
+          "for last; do :; done\n" +
+              script + '\n',
+          true);
+}
+
+QStringList TemporaryMac::calls(const QString &ofTool) const
+{
+    QStringList calls = QString::fromUtf8(contents(QStringLiteral("/calls"))).split(u'\n', Qt::SkipEmptyParts);
+    calls.removeIf([&](const QString &call) { return !ofTool.isEmpty() && !call.startsWith(ofTool + u'|'); });
+    return calls;
+}
+
+void TemporaryMac::furnish(const QString &script) const
+{
+    QProcess shell;
+    shell.setWorkingDirectory(folder());
+    shell.setProcessChannelMode(QProcess::ForwardedChannels);
+    shell.start(QStringLiteral("/bin/sh"), {QStringLiteral("-ec"), script});
+    if (!shell.waitForFinished() || shell.exitCode() != 0)
+        qFatal("cannot furnish: %s", qPrintable(script));
 }
 
 void TemporaryMac::addApp(const QString &macPath, const QString &identifier) const

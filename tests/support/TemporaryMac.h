@@ -38,8 +38,16 @@ public:
     /// Writes a file, with the folders above it.
     void write(const QString &macPath, const QByteArray &bytes, bool executable = false) const;
 
-    /// A program: the lines of a POSIX shell script. `$ROOT` in it is the Mac's folder on the host.
+    /// A program: the lines of a POSIX shell script. `$ROOT` in it is the Mac's folder on the host, `$last` the last
+    /// argument. Each start is kept for `calls`.
     void addTool(const QString &macPath, const QByteArray &script) const;
+
+    /// How the tools were started so far, in order: name and arguments with a `|` between them. Those of one tool,
+    /// where `ofTool` (a name, or the beginning of a call) is given.
+    QStringList calls(const QString &ofTool = QString()) const;
+
+    /// Runs a shell script in the Mac's folder, for furniture that is most easily told so.
+    void furnish(const QString &script) const;
 
     /// A bundle with an Info.plist that holds this identifier.
     void addApp(const QString &macPath, const QString &identifier) const;

@@ -1,0 +1,121 @@
+// Presets from an empty Mac to the last line, through the program itself.
+
+#include "ProgramOnAMac.h"
+
+#include <QDir>
+#include <QRegularExpression>
+#include <QTest>
+
+using namespace Tavelo;
+
+namespace
+{
+
+QStringList words(const char *line)
+{
+    return QString::fromUtf8(line).split(u' ', Qt::SkipEmptyParts);
+}
+
+/// What vendor downloads leave on the Mac; nothing, after whatever end.
+QStringList leftovers(const ProgramOnAMac &mac)
+{
+    QStringList left;
+    for (const QString &folder : words("mounts extract")) {
+        const QDir cache(mac.hostPath(QStringLiteral("/Users/technician/Library/Caches/tavelo-deskrig/") + folder));
+        left += cache.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+    return left;
+}
+
+QString lastLine(const QString &output)
+{
+    return output.trimmed().section(u'\n', -1);
+}
+
+} // namespace
+
+class PresetTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void standardTwice();
+    void fullAndItsFilters();
+    void oldSystemsBlockTheFullSet();
+    void survivesBrokenTools_data();
+    void survivesBrokenTools();
+};
+
+void PresetTest::standardTwice()
+{
+    const ProgramOnAMac mac;
+    const auto first = mac.run(words("--preset standard --yes --no-gui"));
+    QCOMPARE(first.status, 0);
+    QCOMPARE(first.errors, QString());
+    QCOMPARE(lastLine(first.output), QStringLiteral("Hoàn tất: 13 thành công, 0 lỗi."));
+    QCOMPARE(leftovers(mac), QStringList());
+    // What the terminal showed of the backend is what the log holds, in its order.
+    QStringList shown =
+        first.output.split(u'\n').filter(QRegularExpression(QStringLiteral("^\\[\\d\\d:\\d\\d:\\d\\d\\] ")));
+    QCOMPARE(shown, mac.logLines());
+    QVERIFY(!mac.takeCalls().filter(QStringLiteral("brew install")).isEmpty());
+
+    const auto second = mac.run(words("--preset standard --yes --no-gui"));
+    QCOMPARE(second.status, 0);
+    QCOMPARE(lastLine(second.output), QStringLiteral("Hoàn tất: 13 thành công, 0 lỗi."));
+    const QStringList calls = mac.takeCalls();
+    QCOMPARE(calls.filter(QStringLiteral("brew install")), QStringList());
+    QCOMPARE(calls.filter(QRegularExpression(QStringLiteral("^(ditto|unopkg)"))), QStringList());
+}
+
+void PresetTest::fullAndItsFilters()
+{
+    const ProgramOnAMac mac;
+    const auto full = mac.run(words("--preset full --yes"));
+    QCOMPARE(lastLine(full.output), QStringLiteral("Hoàn tất: 25 thành công, 0 lỗi."));
+    QCOMPARE(full.status, 0);
+    const auto filtered = mac.run(words("--preset full --no-shortcuts --no-mime-defaults"), "n\n");
+    QCOMPARE(filtered.output.count(QStringLiteral("\n- ")), 20);
+    QVERIFY(!filtered.output.contains(QStringLiteral("(shortcut)")));
+    QVERIFY(!filtered.output.contains(QStringLiteral("(mime)")));
+}
+
+void PresetTest::oldSystemsBlockTheFullSet()
+{
+    const ProgramOnAMac mac(words("--macos 13.6"));
+    const auto outcome = mac.run(words("--preset full --yes"));
+    QCOMPARE(outcome.status, 1);
+    QCOMPARE(outcome.errors, QStringLiteral("BLOCK: Windows App yêu cầu macOS 14 trở lên.\n"));
+    QCOMPARE(outcome.output, QString());
+    QCOMPARE(mac.takeCalls(), QStringList());
+}
+
+void PresetTest::survivesBrokenTools_data()
+{
+    QTest::addColumn<QStringList>("broken");
+    QTest::addColumn<int>("failures"); // of the eight items of the smallest set
+
+    QTest::newRow("brew fails") << words("brew --status 1") << 5;
+    QTest::newRow("brew says nothing and does nothing") << words("brew --status 0 --silent") << 4;
+    QTest::newRow("brew is killed") << words("brew --status 137") << 5;
+    QTest::newRow("downloads are cut short") << words("curl --status 18") << 1;
+    QTest::newRow("floods") << words("hdiutil --flood 3000000") << 0;
+    QTest::newRow("a slow tool") << words("codesign --delay 0.2") << 0;
+}
+
+void PresetTest::survivesBrokenTools()
+{
+    QFETCH(QStringList, broken);
+    QFETCH(int, failures);
+    const ProgramOnAMac mac;
+    mac.furnish(QStringLiteral("break-tool"), broken);
+    const auto outcome = mac.run(words("--preset minimal --yes"));
+    QCOMPARE(lastLine(outcome.output),
+             QStringLiteral("Hoàn tất: %1 thành công, %2 lỗi.").arg(8 - failures).arg(failures));
+    QCOMPARE(outcome.status, failures == 0 ? 0 : 1);
+    QCOMPARE(outcome.errors, QString());
+    QCOMPARE(leftovers(mac), QStringList());
+}
+
+QTEST_GUILESS_MAIN(PresetTest)
+#include "PresetTest.moc"

@@ -1,0 +1,77 @@
+#include "ProgramOnAMac.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+
+namespace Tavelo
+{
+
+ProgramOnAMac::ProgramOnAMac(const QStringList &options)
+{
+    environment.insert(QStringLiteral("PATH"), QStringLiteral("/usr/bin:/bin"));
+    environment.insert(QStringLiteral("USER"), QStringLiteral("technician"));
+    environment.insert(QStringLiteral("TAVELO_MAC_HOST_ROOT"), m_folder.path());
+    furnish(QStringLiteral("make-mac"), QStringList{QStringLiteral("--pace"), QStringLiteral("0")} + options);
+}
+
+ProgramOnAMac::Outcome ProgramOnAMac::run(const QStringList &arguments, const QByteArray &input) const
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(program(), arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(120000))
+        return {};
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
+}
+
+void ProgramOnAMac::furnish(const QString &tool, const QStringList &arguments) const
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(SIMULATED_MAC "/") + tool, QStringList(m_folder.path()) + arguments);
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        qFatal("%s %s: %s", qPrintable(tool), qPrintable(arguments.join(u' ')),
+               process.readAllStandardError().constData());
+}
+
+bool ProgramOnAMac::exists(const QString &macPath) const
+{
+    return QFileInfo::exists(hostPath(macPath));
+}
+
+QByteArray ProgramOnAMac::contents(const QString &macPath) const
+{
+    QFile file(hostPath(macPath));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QStringList ProgramOnAMac::logLines() const
+{
+    return QString::fromUtf8(contents(QStringLiteral("/Users/technician/Library/Logs/tavelo-deskrig.log")))
+        .split(u'\n', Qt::SkipEmptyParts);
+}
+
+QStringList ProgramOnAMac::takeCalls() const
+{
+    const QString record = QStringLiteral("/private/var/log/simulated-mac/calls.log");
+    const QStringList calls = QString::fromUtf8(contents(record)).split(u'\n', Qt::SkipEmptyParts);
+    QFile::resize(hostPath(record), 0);
+    return calls;
+}
+
+QString ProgramOnAMac::program()
+{
+    return QStringLiteral(PROGRAM);
+}
+
+PlatformServices ProgramOnAMac::services() const
+{
+    return PlatformServices::make(environment);
+}
+
+} // namespace Tavelo
