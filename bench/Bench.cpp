@@ -7,9 +7,14 @@
 #include "MacBackend.h"
 #include "MainQueue.h"
 #include "Measure.h"
+#include "PropertyList.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QProcessEnvironment>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -23,6 +28,11 @@ namespace
 constexpr double helpBudget = 1.2;
 constexpr double statusBudget = 1.1;
 constexpr double processBudget = 1.2;
+constexpr double inventoryBudget = 1.2;
+constexpr double growthBudget = 1.15;
+
+/// A program that does nothing, on this machine and outside the simulated Mac.
+const QString nothing = QStringLiteral("/bin/true");
 
 void helpBesideAPrintedLine(const QString &folder, const QStringList &environment)
 {
@@ -58,9 +68,7 @@ void statusBesideItsTools(const PlatformServices &services, const MacBackend &ba
 
 void processStartBesideABareLoop(const PlatformServices &services, const QStringList &environment)
 {
-    // A program that does nothing, on this machine and outside the simulated Mac.
     const ProcessLauncher launcher(HostRoot(), services.mainQueue);
-    const QString nothing = QStringLiteral("/bin/true");
     ProcessSetup setup;
     setup.executable = nothing;
     setup.environment = QProcessEnvironment::systemEnvironment();
@@ -77,6 +85,92 @@ void processStartBesideABareLoop(const PlatformServices &services, const QString
               },
               21),
           processBudget);
+}
+
+/// A Mac with that many applications, and with tools that do nothing at all.
+void furnish(const QString &folder, int applications)
+{
+    const auto put = [&](const QString &path, const QByteArray &bytes) {
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("cannot write %s", qPrintable(path));
+    };
+    for (const char *tool : {"/usr/bin/codesign", "/usr/sbin/pkgutil"}) {
+        QDir().mkpath(QFileInfo(folder + QString::fromLatin1(tool)).path());
+        QFile::copy(nothing, folder + QString::fromLatin1(tool));
+    }
+    for (int number = 0; number < applications; ++number) {
+        const QString name = QStringLiteral("Application %1").arg(number, 5);
+        put(folder + QStringLiteral("/Applications/%1.app/Contents/Info.plist").arg(name),
+            PropertyList::xml(QVariantMap{
+                {QStringLiteral("CFBundleName"), name},
+                {QStringLiteral("CFBundleIdentifier"), QStringLiteral("org.example.application%1").arg(number)},
+                {QStringLiteral("CFBundleShortVersionString"), QStringLiteral("1.%1").arg(number)},
+                {QStringLiteral("NSHumanReadableCopyright"), QStringLiteral("Copyright © 2024 Example %1").arg(number)},
+            }));
+    }
+}
+
+/// Kibibytes of a line such as "VmRSS:" of the process's own status; 0 where the system has none.
+qint64 ownMemory(const QByteArray &name)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const QList<QByteArray> lines = status.readAll().split('\n');
+    for (const QByteArray &line : lines) {
+        if (line.startsWith(name))
+            return line.mid(name.size()).trimmed().split(' ').value(0).toLongLong();
+    }
+    return 0;
+}
+
+/// Milliseconds for one application.
+double inventoryBesideABareLoop(int applications, int rounds, bool withMemory)
+{
+    const QTemporaryDir folder;
+    furnish(folder.path(), applications);
+    QProcessEnvironment environment;
+    environment.insert(HostRoot::variableName(), folder.path());
+    PlatformServices services = PlatformServices::make(environment);
+    const auto launcher = std::make_shared<RecordingLauncher>(services.files->root(), services.mainQueue);
+    services.processes = launcher;
+    const MacBackend backend(
+        services, [](const QString &) {}, [](const InstallProgressUpdate &) {});
+
+    const qint64 before = ownMemory("VmRSS:");
+    const qsizetype found = backend.installedAdditionalApplications().size();
+    const qint64 peak = ownMemory("VmHWM:");
+    const size_t processes = launcher->setups.size();
+    if (found != applications)
+        qFatal("the scan found %d applications", static_cast<int>(found));
+    if (withMemory)
+        std::printf("%-34s %6.1f MiB above the %.1f MiB before   budget 40 MiB   %s\n", "memory of that scan",
+                    static_cast<double>(peak - before) / 1024, static_cast<double>(before) / 1024,
+                    peak - before <= 40 * 1024 ? "within" : "OVER");
+    launcher->setups.clear();
+    launcher->setups.shrink_to_fit();
+
+    const QStringList floorEnvironment = environment.toStringList();
+    const Pair pair = compare([&] { backend.installedAdditionalApplications(); },
+                              [&] {
+                                  for (size_t count = 0; count < processes; ++count)
+                                      bareRun(nothing, {}, floorEnvironment, count % 2 == 0);
+                              },
+                              rounds);
+    print(QStringLiteral("inventory of %1 (%2 tools)").arg(applications).arg(processes), pair, inventoryBudget);
+    return pair.measured / applications;
+}
+
+void inventory()
+{
+    // The largest first, since memory once taken is not given back.
+    const double large = inventoryBesideABareLoop(4000, 1, true);
+    inventoryBesideABareLoop(1000, 3, false);
+    const double small = inventoryBesideABareLoop(250, 5, false);
+    std::printf("%-34s %5.2f x   budget %.2f x   %s\n", "growth per application, 250 to 4000", large / small,
+                growthBudget, large / small <= growthBudget ? "within" : "OVER");
 }
 
 } // namespace
@@ -98,5 +192,6 @@ int main(int argc, char *argv[])
     helpBesideAPrintedLine(application.arguments().at(1), environment.toStringList());
     statusBesideItsTools(services, backend, *launcher);
     processStartBesideABareLoop(services, environment.toStringList());
+    inventory();
     return 0;
 }

@@ -2,9 +2,9 @@
 # What the project needs from outside, and the one way to install what is missing. Sourced by run, test, bench/run and
 # .ci/run; says what it does on standard error, and nothing when there is nothing to do.
 
-debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libplist-dev zip unzip)
+debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libplist-dev libssl-dev zip unzip)
 debian_check_packages=(clang clang-format clang-tidy shellcheck)
-homebrew_build_packages=(cmake ninja pkg-config qt libplist)
+homebrew_build_packages=(cmake ninja pkg-config qt libplist openssl@3)
 
 # install_packages build|check: installs the packages of that list that are missing.
 install_packages() {

@@ -2,6 +2,7 @@
 
 #include "SystemFacts.h"
 
+#include <QDir>
 #include <QProcessEnvironment>
 
 namespace Tavelo
@@ -63,11 +64,8 @@ QString AppRuntime::envURL(const QString &name, const QString &fallback) const
     const QString value = m_services.facts->environment().value(name);
     if (value.trimmed().isEmpty())
         return fallback;
-    // A folder may be given with a slash at its end.
-    QString path = expandingTilde(value);
-    while (path.size() > 1 && path.endsWith(u'/'))
-        path.chop(1);
-    return path;
+    const QString path = expandingTilde(value);
+    return QDir::cleanPath(path.startsWith(u'/') ? path : m_services.facts->workingFolder() + u'/' + path);
 }
 
 QString AppRuntime::bundleString(const QString &key) const

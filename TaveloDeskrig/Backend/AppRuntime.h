@@ -8,7 +8,8 @@ namespace Tavelo
 {
 
 /// Where the program keeps its things, and which version it is. Each location has a default below the user's home and
-/// an environment variable that moves it. All paths are Mac paths.
+/// an environment variable that moves it: blanks count as unset, a leading `~` is the home, and a relative path counts
+/// from the working folder. All paths are absolute Mac paths.
 class AppRuntime
 {
 public:

@@ -7,6 +7,8 @@
 
 #include <QStringDecoder>
 
+#include <algorithm>
+
 namespace Tavelo
 {
 
@@ -41,12 +43,31 @@ class OutputDecoder
 public:
     QString operator()(const QByteArray &bytes)
     {
-        QString text = m_decoder(bytes);
+        const QByteArray all = m_tail + bytes;
+        const qsizetype whole = all.size() - unfinishedBytes(all);
+        m_tail = all.mid(whole);
+        QStringDecoder decoder(QStringDecoder::Utf8,
+                               QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInvalidToNull);
+        QString text = decoder(QByteArrayView(all).first(whole));
         return text.remove(QChar::Null);
     }
 
 private:
-    QStringDecoder m_decoder{QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInvalidToNull};
+    /// How many bytes at the end begin a character that the next bytes may complete.
+    static qsizetype unfinishedBytes(const QByteArray &bytes)
+    {
+        constexpr qsizetype longestTail = 3;
+        for (qsizetype count = 1; count <= std::min(longestTail, bytes.size()); ++count) {
+            const auto byte = static_cast<unsigned char>(bytes.at(bytes.size() - count));
+            if ((byte & 0xC0) == 0x80) // within a character
+                continue;
+            const int length = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : byte >= 0xC2 ? 2 : 1;
+            return count < length ? count : 0;
+        }
+        return 0;
+    }
+
+    QByteArray m_tail;
 };
 
 } // namespace

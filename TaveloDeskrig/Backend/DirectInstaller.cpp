@@ -13,6 +13,9 @@ namespace Tavelo
 namespace
 {
 
+/// Of the folders in the cache: no other user may change what is about to be checked and copied.
+constexpr mode_t privateMode = 0700;
+
 /// True for an address with the scheme `https`, written just so, and one of the hosts. Anything that does not parse
 /// strictly is refused, so that two readers of an address cannot differ on its host.
 bool isAllowed(const QString &address, const QSet<QString> &hosts)
@@ -56,8 +59,9 @@ bool DirectInstaller::installDirectApp(const AppItem &item) const
     const QString downloads = m_runtime.cacheDir() + QStringLiteral("/downloads");
     const QString file = downloads + u'/' + spec.fileName;
     FileError error;
-    if (!m_services.files->createFolder(downloads, 0777, &error) ||
-        (m_services.files->exists(file) && !m_services.files->remove(file, &error))) {
+    // Whatever stands in the file's place goes, a link to nowhere too, so that the download makes a file of its own.
+    if (!m_services.files->createFolder(downloads, privateMode, &error) ||
+        (!m_services.files->remove(file, &error) && !error.isNothingThere())) {
         m_log.log(QStringLiteral("Không chuẩn bị được direct install cho %1: ").arg(item.macName) + error.text);
         return false;
     }
@@ -101,7 +105,7 @@ bool DirectInstaller::installDirectDMG(const QString &downloadedFile, const AppI
     const QString hdiutil = QStringLiteral("/usr/bin/hdiutil");
     const QString mountPoint = m_runtime.cacheDir() + QStringLiteral("/mounts/") + attemptName(item);
     FileError error;
-    if (!m_services.files->createFolder(mountPoint, 0777, &error)) {
+    if (!m_services.files->createFolder(mountPoint, privateMode, &error)) {
         m_log.log(QStringLiteral("Không tạo được mount point: ") + error.text);
         return false;
     }
@@ -123,7 +127,7 @@ bool DirectInstaller::installDirectZIP(const QString &downloadedFile, const AppI
 {
     const QString folder = m_runtime.cacheDir() + QStringLiteral("/extract/") + attemptName(item);
     FileError error;
-    if (!m_services.files->createFolder(folder, 0777, &error)) {
+    if (!m_services.files->createFolder(folder, privateMode, &error)) {
         m_log.log(QStringLiteral("Không tạo được extract dir: ") + error.text);
         return false;
     }

@@ -17,7 +17,8 @@ namespace Tavelo
 /// and copied into an Applications folder.
 ///
 /// One rule holds throughout: no bundle reaches, stays in or leaves an Applications folder unless it has the pinned
-/// identity of the item's `DirectInstallerSpec`. All failures give false and are told in the log; nothing unpacked
+/// identity of the item's `DirectInstallerSpec`. (A copy that breaks off stays as far as it came; the next
+/// attempt refuses to touch it.) All failures give false and are told in the log; nothing in the cache but the download
 /// outlives an attempt.
 class DirectInstaller
 {

@@ -65,8 +65,8 @@ QStringList InstallBlockers::installBlockers(const QList<AppItem> &items) const
     const int major = m_services.facts->osVersion().major;
     for (const AppItem &item : items) {
         if (item.minimumMacOSMajor && *item.minimumMacOSMajor > major)
-            blockers.append(
-                QStringLiteral("%1 yêu cầu macOS %2 trở lên.").arg(item.macName).arg(*item.minimumMacOSMajor));
+            blockers.append(QStringLiteral("%1 yêu cầu macOS %2 trở lên.")
+                                .arg(item.macName, QString::number(*item.minimumMacOSMajor)));
     }
 
     if (std::any_of(items.cbegin(), items.cend(), needsHomebrew)) {

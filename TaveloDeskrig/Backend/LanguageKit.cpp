@@ -14,6 +14,9 @@ namespace Tavelo
 namespace
 {
 
+/// Of the working folder: no other user may change what is about to be checked and packed.
+constexpr mode_t privateMode = 0700;
+
 /// Folder `vi` of the LibreOffice dictionaries project at the pinned commit.
 QString sourceAddress(const QString &relativePath)
 {
@@ -64,8 +67,8 @@ bool LanguageKit::installLibreOfficeVietnameseDictionary() const
     const QString staging = workingFolder() + QStringLiteral("/vi");
     const QString extension = workingFolder() + QStringLiteral("/vietnamese-dictionaries.oxt");
     FileError error;
-    if ((m_services.files->exists(extension) && !m_services.files->remove(extension, &error)) ||
-        !m_services.files->createFolder(staging + QStringLiteral("/META-INF"), 0777, &error)) {
+    if ((!m_services.files->remove(extension, &error) && !error.isNothingThere()) ||
+        !m_services.files->createFolder(staging + QStringLiteral("/META-INF"), privateMode, &error)) {
         m_log.log(QStringLiteral("Không chuẩn bị được thư mục Vietnamese dictionary: ") + error.text);
         return false;
     }
@@ -94,7 +97,8 @@ bool LanguageKit::fetch(const PinnedFile &file, const QString &staging) const
 {
     const QString target = staging + u'/' + file.relativePath;
     const QString address = sourceAddress(file.relativePath);
-    m_services.files->createFolder(target.section(u'/', 0, -2));
+    m_services.files->createFolder(target.section(u'/', 0, -2), privateMode);
+    m_services.files->remove(target); // an earlier attempt's, or a link that would lead the download elsewhere
     if (m_runner.runCommand({QStringLiteral("/usr/bin/curl"), QStringLiteral("-fL"), QStringLiteral("--proto"),
                              QStringLiteral("=https"), QStringLiteral("--proto-redir"), QStringLiteral("=https"),
                              QStringLiteral("--retry"), QStringLiteral("2"), QStringLiteral("--connect-timeout"),

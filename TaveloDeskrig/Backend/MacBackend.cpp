@@ -16,19 +16,30 @@ namespace Tavelo
 
 /// The collaborators, each after those that it is made of.
 struct MacBackend::Parts {
-    Parts(const PlatformServices &services, UiLog uiLog, UiProgress uiProgress)
-        : runtime(services), log(services, runtime, std::move(uiLog), std::move(uiProgress)),
+    Parts(const PlatformServices &platform, UiLog uiLog, UiProgress uiProgress)
+        : services(platform), runtime(services), log(services, runtime, std::move(uiLog), std::move(uiProgress)),
           runner(services, runtime, log), homebrew(runner, log), directInstaller(services, runtime, runner, log),
           languageKit(services, runtime, runner, log), shortcuts(services, runtime, log),
           defaultApps(services, runtime, runner, homebrew, log),
           itemStatus(services, runtime, runner, homebrew, directInstaller, languageKit, shortcuts, defaultApps),
           checks(services, runner, itemStatus), blockers(services, runner, checks),
           builtinItems(runner, itemStatus, log),
+          inventory(*services.files, *services.receipts, inventoryTools(), runtime.homeDirectory()),
           operations({log, runner, itemStatus, blockers, homebrew, directInstaller, languageKit, shortcuts, defaultApps,
                       builtinItems})
     {
     }
 
+    InventoryTools inventoryTools() const
+    {
+        return {
+            .brewPath = [this] { return runner.brewPath(); },
+            .runCapture = [this](const QStringList &arguments) { return runner.runCapture(arguments); },
+            .runCaptureCombined = [this](const QStringList &arguments) { return runner.runCaptureCombined(arguments); },
+            .runQuiet = [this](const QStringList &arguments) { return runner.runQuiet(arguments); }};
+    }
+
+    const PlatformServices services;
     AppRuntime runtime;
     OperationLog log;
     CommandRunner runner;
@@ -41,6 +52,7 @@ struct MacBackend::Parts {
     SystemChecks checks;
     InstallBlockers blockers;
     BuiltinItems builtinItems;
+    InventoryScan inventory;
     ItemOperations operations;
 };
 
@@ -89,6 +101,13 @@ QHash<QString, InstallStatus> MacBackend::statuses(const QList<AppItem> &items) 
 QList<QMap<QString, QString>> MacBackend::installStatusSnapshot() const
 {
     return m_parts->itemStatus.installStatusSnapshot();
+}
+
+QList<InstalledMacApplication>
+MacBackend::installedAdditionalApplications(const InventoryScan::Progress &progress,
+                                            const InventoryScan::IsCancelled &isCancelled) const
+{
+    return m_parts->inventory.installedAdditionalApplications(progress, isCancelled);
 }
 
 bool MacBackend::install(const AppItem &item) const

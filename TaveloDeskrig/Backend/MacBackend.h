@@ -2,6 +2,8 @@
 
 #include "AppItem.h"
 #include "AppRuntime.h"
+#include "InstalledMacApplication.h"
+#include "InventoryScan.h"
 #include "OperationLog.h"
 #include "PlatformServices.h"
 #include "SystemChecks.h"
@@ -47,6 +49,11 @@ public:
     InstallStatus status(const AppItem &item) const;
     QHash<QString, InstallStatus> statuses(const QList<AppItem> &items) const;
     QList<QMap<QString, QString>> installStatusSnapshot() const;
+
+    /// What was added to the Mac, with its signatures and licence evidence (`InventoryScan`).
+    QList<InstalledMacApplication> installedAdditionalApplications(
+        const InventoryScan::Progress &progress = {},
+        const InventoryScan::IsCancelled &isCancelled = [] { return false; }) const;
 
     /// Work on one item (`ItemOperations`, and behind it `Homebrew`, `DirectInstaller`, `LanguageKit`, `Shortcuts`,
     /// `DefaultApps`, `BuiltinItems`).

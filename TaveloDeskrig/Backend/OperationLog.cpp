@@ -23,7 +23,8 @@ bool prepare(const FileManager &files, const QString &folder, const QString &fil
     files.setMode(folder, folderMode);
     if (!files.exists(file) && !files.createFile(file, fileMode, error) && !files.exists(file))
         return false; // existing by now means that another process was quicker
-    return files.setMode(file, fileMode, error);
+    // A folder in the file's place keeps its mode; writing to it fails soon enough.
+    return files.isFolder(file) || files.setMode(file, fileMode, error);
 }
 
 } // namespace

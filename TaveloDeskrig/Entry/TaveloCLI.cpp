@@ -7,8 +7,6 @@
 #include "MainQueue.h"
 #include "PrintedColumn.h"
 
-#include <QProcessEnvironment>
-
 #include <algorithm>
 
 namespace Tavelo::TaveloCLI
@@ -225,10 +223,8 @@ int run(const QStringList &arguments)
         }
     }
 
-    // As it was given: the children get the technician's environment, not what a library makes of it.
-    const QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     const CommandLineApplication application;
-    Run session(PlatformServices::make(environment));
+    Run session(PlatformServices::make());
     return options.check ? session.check() : session.installPreset(preset, options);
 }
 

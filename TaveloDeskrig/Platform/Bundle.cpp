@@ -5,9 +5,55 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QRegularExpression>
+#include <QStringDecoder>
 
 namespace Tavelo::Bundle
 {
+
+namespace
+{
+
+/// The names under which a bundle may hold the user's languages, the best first: as they are, without their region, and
+/// the language that the bundle was developed in.
+QStringList localizationNames(const FileManager &files, const QString &bundlePath, const QString &homeFolder)
+{
+    const QVariantMap preferences = PropertyList::readDictionary(
+        files, homeFolder + QStringLiteral("/Library/Preferences/.GlobalPreferences.plist"));
+    QStringList names;
+    const QStringList languages = preferences.value(QStringLiteral("AppleLanguages")).toStringList();
+    for (const QString &language : languages)
+        names << language << language.section(u'-', 0, 0);
+    names << infoDictionary(files, bundlePath).value(QStringLiteral("CFBundleDevelopmentRegion")).toString()
+          << QStringLiteral("en") << QStringLiteral("English") << QStringLiteral("Base");
+    names.removeDuplicates();
+    names.removeIf([](const QString &name) { return name.isEmpty() || name.contains(u'/') || name.startsWith(u'.'); });
+    return names;
+}
+
+/// The text of a `.strings` file without its backslashes.
+QString unescaped(const QString &text)
+{
+    static const QRegularExpression escape(QStringLiteral(R"(\\(?:U([0-9A-Fa-f]{4})|(.)))"),
+                                           QRegularExpression::DotMatchesEverythingOption);
+    QString result;
+    qsizetype end = 0;
+    for (auto matches = escape.globalMatch(text); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        result += QStringView(text).mid(end, match.capturedStart() - end);
+        if (match.hasCaptured(1))
+            result += QChar(match.captured(1).toUShort(nullptr, 16));
+        else if (match.captured(2) == u"n")
+            result += u'\n';
+        else
+            result += match.captured(2);
+        end = match.capturedEnd();
+    }
+    result += QStringView(text).mid(end);
+    return result;
+}
+
+} // namespace
 
 QVariantMap infoDictionary(const FileManager &files, const QString &bundlePath)
 {
@@ -18,6 +64,48 @@ std::optional<QString> identifier(const FileManager &files, const QString &bundl
 {
     const QVariant value = infoDictionary(files, bundlePath).value(QStringLiteral("CFBundleIdentifier"));
     return value.typeId() == QMetaType::QString ? std::optional(value.toString()) : std::nullopt;
+}
+
+std::optional<QString> localizedText(const FileManager &files, const QString &bundlePath, const QString &key,
+                                     const QString &homeFolder)
+{
+    const QString resources = bundlePath + QStringLiteral("/Contents/Resources/");
+    if (!files.isFolder(resources))
+        return std::nullopt;
+    const QVariantMap allLanguages =
+        PropertyList::readDictionary(files, resources + QStringLiteral("InfoPlist.loctable"));
+    const QStringList names = localizationNames(files, bundlePath, homeFolder);
+    for (const QString &name : names) {
+        QVariant value = allLanguages.value(name).toMap().value(key);
+        if (!value.isValid()) {
+            const QString file = resources + name + QStringLiteral(".lproj/InfoPlist.strings");
+            value = stringsTable(files.contents(file).value_or(QByteArray())).value(key);
+        }
+        if (value.typeId() == QMetaType::QString)
+            return value.toString();
+    }
+    return std::nullopt;
+}
+
+QVariantMap stringsTable(const QByteArray &bytes)
+{
+    if (const std::optional<QVariant> list = PropertyList::parse(bytes); list && list->canConvert<QVariantMap>())
+        return list->toMap();
+    // Comments are matched first, so that a pair inside one is passed over.
+    static const QRegularExpression pair(
+        QStringLiteral(
+            R"re(/\*.*?\*/|//[^\n]*|(?:"((?:[^"\\]|\\.)*)"|([A-Za-z0-9_.-]+))\s*=\s*"((?:[^"\\]|\\.)*)"\s*;)re"),
+        QRegularExpression::DotMatchesEverythingOption);
+    QStringDecoder decoder(QStringConverter::encodingForData(bytes).value_or(QStringConverter::Utf8));
+    const QString text = decoder(bytes);
+    QVariantMap table;
+    for (auto matches = pair.globalMatch(text); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        const QString name = match.captured(1).isEmpty() ? match.captured(2) : match.captured(1);
+        if (!name.isEmpty())
+            table.insert(unescaped(name), unescaped(match.captured(3)));
+    }
+    return table;
 }
 
 QVariantMap ownInfoDictionary()

@@ -2,9 +2,10 @@
 
 #include <QByteArray>
 
+#include <algorithm>
 #include <cerrno>
-#include <cstdio>
 
+#include <poll.h>
 #include <unistd.h>
 
 namespace Tavelo
@@ -13,11 +14,26 @@ namespace Tavelo
 namespace
 {
 
-void put(std::FILE *stream, const QString &text)
+/// Waits for a stream that somebody made non-blocking. False for any other trouble, which is final.
+bool becomesReady(int stream, short event)
+{
+    if (errno == EINTR)
+        return true;
+    if (errno != EAGAIN && errno != EWOULDBLOCK)
+        return false;
+    pollfd waiting{stream, event, 0};
+    return ::poll(&waiting, 1, -1) > 0 || errno == EINTR;
+}
+
+void put(int stream, const QString &text)
 {
     const QByteArray bytes = text.toUtf8();
-    std::fwrite(bytes.constData(), 1, static_cast<size_t>(bytes.size()), stream);
-    std::fflush(stream);
+    for (qsizetype done = 0; done < bytes.size();) {
+        const ssize_t written = ::write(stream, bytes.constData() + done, static_cast<size_t>(bytes.size() - done));
+        if (written < 0 && !becomesReady(stream, POLLOUT))
+            return;
+        done += std::max<ssize_t>(written, 0);
+    }
 }
 
 } // namespace
@@ -26,12 +42,12 @@ Console::~Console() = default;
 
 void Console::write(const QString &text) const
 {
-    put(stdout, text);
+    put(STDOUT_FILENO, text);
 }
 
 void Console::writeError(const QString &text) const
 {
-    put(stderr, text);
+    put(STDERR_FILENO, text);
 }
 
 std::optional<QString> Console::readLine() const
@@ -40,7 +56,7 @@ std::optional<QString> Console::readLine() const
     for (;;) {
         char next = 0;
         const ssize_t count = ::read(STDIN_FILENO, &next, 1);
-        if (count < 0 && errno == EINTR)
+        if (count < 0 && becomesReady(STDIN_FILENO, POLLIN))
             continue;
         if (count <= 0)
             return line.isEmpty() ? std::nullopt : std::optional(QString::fromUtf8(line));

@@ -15,8 +15,7 @@ public:
     virtual ~Console();
     Q_DISABLE_COPY_MOVE(Console)
 
-    /// Writes the text as it stands and flushes, so that a technician sees each line when it happens. A stream that is
-    /// closed swallows it.
+    /// Writes the text as it stands, at once. A stream that nobody reads any more swallows it.
     virtual void write(const QString &text) const;
     virtual void writeError(const QString &text) const;
 

@@ -1,5 +1,6 @@
 #include "FileManager.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSet>
@@ -134,6 +135,11 @@ struct Enumeration {
 
 } // namespace
 
+bool FileError::isNothingThere() const
+{
+    return code == ENOENT;
+}
+
 FileManager::FileManager(HostRoot root) : m_root(std::move(root)) {}
 
 FileManager::~FileManager() = default;
@@ -164,6 +170,12 @@ bool FileManager::isExecutableFile(const QString &path) const
     return QFileInfo(hostPath).isFile() && ::access(QFile::encodeName(hostPath).constData(), X_OK) == 0;
 }
 
+QString FileManager::resolvingSymlinks(const QString &path) const
+{
+    const QString resolved = QFileInfo(m_root.hostPath(path)).canonicalFilePath();
+    return resolved.isEmpty() ? QDir::cleanPath(path) : m_root.macPath(resolved);
+}
+
 std::optional<QByteArray> FileManager::contents(const QString &path, FileError *error) const
 {
     // Not blocking, so that a pipe planted at the path is refused instead of waited for.
@@ -176,6 +188,10 @@ std::optional<QByteArray> FileManager::contents(const QString &path, FileError *
     }
     if (!S_ISREG(info.st_mode)) {
         fail(error, S_ISDIR(info.st_mode) ? EISDIR : EINVAL);
+        return std::nullopt;
+    }
+    if (info.st_size > maximumFileSize) {
+        fail(error, EFBIG);
         return std::nullopt;
     }
     QFile reader;
@@ -193,16 +209,15 @@ std::optional<QByteArray> FileManager::contents(const QString &path, FileError *
 
 bool FileManager::createFolder(const QString &path, mode_t mode, FileError *error) const
 {
-    const QString hostPath = m_root.hostPath(path);
-    std::error_code code;
-    const fs::path parent = fs::path(QFile::encodeName(hostPath).constData()).parent_path();
-    if (!parent.empty())
-        fs::create_directories(parent, code);
-    if (code)
-        return fail(error, code.value());
+    const QString hostPath = QDir::cleanPath(m_root.hostPath(path));
+    if (QFileInfo(hostPath).isDir())
+        return true;
+    const qsizetype slash = hostPath.lastIndexOf(u'/');
+    if (slash > 0 && !createFolder(m_root.macPath(hostPath.left(slash)), mode, error))
+        return false;
     if (::mkdir(QFile::encodeName(hostPath).constData(), mode) == 0)
         return true;
-    const int reason = errno;
+    const int reason = errno; // another process may have been quicker
     return (reason == EEXIST && QFileInfo(hostPath).isDir()) || fail(error, reason);
 }
 

@@ -18,6 +18,9 @@ namespace Tavelo
 struct FileError {
     int code = 0; ///< An `errno` value; 0 means no error.
     QString text;
+
+    /// The file or folder was not there.
+    bool isNothingThere() const;
 };
 
 /// An entry met while a folder is enumerated.
@@ -43,6 +46,9 @@ Q_DECLARE_FLAGS(EnumerationOptions, EnumerationOption)
 class FileManager
 {
 public:
+    /// The largest file that is read as a whole, in bytes. Nothing that the program reads comes near it.
+    static constexpr qint64 maximumFileSize = 256 * 1024 * 1024;
+
     explicit FileManager(HostRoot root = {});
     virtual ~FileManager();
     Q_DISABLE_COPY_MOVE(FileManager)
@@ -55,17 +61,23 @@ public:
     /// A regular file that this user may execute.
     virtual bool isExecutableFile(const QString &path) const;
 
-    /// The whole of a regular file; nothing for a folder or what cannot be read.
+    /// The path with every symbolic link followed and without `.`, `..` and doubled slashes. Where nothing is there,
+    /// the path itself without these.
+    virtual QString resolvingSymlinks(const QString &path) const;
+
+    /// The whole of a regular file; nothing for a folder, what cannot be read, and a file over `maximumFileSize`
+    /// (EFBIG).
     virtual std::optional<QByteArray> contents(const QString &path, FileError *error = nullptr) const;
 
-    /// Creates the folder, with mode `mode` (less the umask), and its missing parents with mode 0777 less the umask. A
-    /// folder that is there already is a success and keeps its mode.
+    /// Creates the folder and its missing parents, with that mode (less the umask). A folder that is there already is a
+    /// success and keeps its mode.
     virtual bool createFolder(const QString &path, mode_t mode = 0777, FileError *error = nullptr) const;
 
     /// Creates an empty file with that mode (less the umask). A file that is there already is an error (EEXIST).
     virtual bool createFile(const QString &path, mode_t mode, FileError *error = nullptr) const;
 
-    /// Adds `bytes` to the end of an existing file with one write, so that lines of several writers never mix.
+    /// Adds `bytes` to the end of an existing file with one write, so that lines of several writers never mix. (A full
+    /// disk may take a part of them; the rest is an error.)
     virtual bool append(const QString &path, const QByteArray &bytes, FileError *error = nullptr) const;
 
     /// Replaces the file as a whole: the bytes go to a private temporary file (mode 0600) in the same folder, which is

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QStringList>
 
 namespace Tavelo
 {
@@ -17,14 +18,31 @@ HostRoot::HostRoot(const QString &folder)
 
 HostRoot HostRoot::fromEnvironment(const QProcessEnvironment &environment)
 {
-    return HostRoot(environment.value(QStringLiteral("TAVELO_MAC_HOST_ROOT")));
+    const QString folder = environment.value(variableName());
+    return HostRoot(folder.trimmed().isEmpty() ? QString() : folder);
+}
+
+QString HostRoot::variableName()
+{
+    return QStringLiteral("TAVELO_MAC_HOST_ROOT");
 }
 
 QString HostRoot::hostPath(const QString &macPath) const
 {
     if (m_folder.isEmpty())
         return macPath;
-    return macPath.startsWith(u'/') ? m_folder + macPath : m_folder + u'/' + macPath;
+    if (!macPath.contains(QStringLiteral("..")))
+        return macPath.startsWith(u'/') ? m_folder + macPath : m_folder + u'/' + macPath;
+    // As on a Mac, nothing lies above the root.
+    QStringList components;
+    const QStringList parts = macPath.split(u'/', Qt::SkipEmptyParts);
+    for (const QString &part : parts) {
+        if (part != u"..")
+            components.append(part);
+        else if (!components.isEmpty())
+            components.removeLast();
+    }
+    return m_folder + u'/' + components.join(u'/');
 }
 
 QString HostRoot::macPath(const QString &hostPath) const

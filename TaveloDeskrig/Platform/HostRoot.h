@@ -16,10 +16,14 @@ public:
     /// The Mac that this machine is: paths stay as they are.
     HostRoot() = default;
 
-    /// A Mac in `folder`, an absolute host path. An empty folder is the same as no folder.
+    /// A Mac in `folder`, a host path; a relative one counts from the process's own folder. An empty folder is the same
+    /// as no folder.
     explicit HostRoot(const QString &folder);
 
-    /// The folder named by `TAVELO_MAC_HOST_ROOT`, else this machine.
+    /// The variable that names the folder of a simulated Mac, `TAVELO_MAC_HOST_ROOT`; its tools read it too.
+    static QString variableName();
+
+    /// The folder that the variable names, else (also for blanks) this machine.
     static HostRoot fromEnvironment(const QProcessEnvironment &environment);
 
     bool isSimulated() const { return !m_folder.isEmpty(); }

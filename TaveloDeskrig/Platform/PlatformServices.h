@@ -14,6 +14,7 @@ class Console;
 class FileManager;
 class MainQueue;
 class ProcessLauncher;
+class ReceiptSecurity;
 class SystemFacts;
 
 /// All that the rest of the program may ask of the machine, handed down by constructor. A test replaces one service and
@@ -22,13 +23,17 @@ struct PlatformServices {
     std::shared_ptr<const FileManager> files;
     std::shared_ptr<const ProcessLauncher> processes;
     std::shared_ptr<const SystemFacts> facts;
+    std::shared_ptr<const ReceiptSecurity> receipts;
     std::shared_ptr<MainQueue> mainQueue; ///< Its main thread is the one that made this record.
     std::shared_ptr<const Clock> clock;
     std::shared_ptr<const Console> console;
     QVariantMap ownBundleInfo; ///< Information dictionary of the program's own bundle.
 
     /// The services of the Mac that the environment names: this machine, or the folder in `TAVELO_MAC_HOST_ROOT`.
-    static PlatformServices make(const QProcessEnvironment &environment);
+    static PlatformServices make(QProcessEnvironment environment);
+
+    /// The same with the process's own environment.
+    static PlatformServices make();
 };
 
 } // namespace Tavelo

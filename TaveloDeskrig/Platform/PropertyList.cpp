@@ -1,9 +1,12 @@
 #include "PropertyList.h"
 
 #include "FileManager.h"
+#include "PropertyListDepth.h"
 
 #include <QDateTime>
 #include <QMetaType>
+#include <QRegularExpression>
+#include <QStringDecoder>
 
 #include <cstdlib>
 #include <limits>
@@ -17,10 +20,23 @@ namespace Tavelo::PropertyList
 namespace
 {
 
-using Node = std::unique_ptr<void, decltype(&plist_free)>;
+/// The text in UTF-8, which is what the reader takes every text for.
+QByteArray xmlInUtf8(const QByteArray &bytes)
+{
+    static const QRegularExpression declaration(QStringLiteral("^<\\?xml[^>]*encoding\\s*=\\s*[\"']([A-Za-z0-9._-]+)"));
+    std::optional<QStringConverter::Encoding> encoding = QStringConverter::encodingForData(bytes);
+    if (!encoding) {
+        const QString name = declaration.match(QString::fromLatin1(bytes.left(200))).captured(1);
+        encoding = QStringConverter::encodingForName(name.toLatin1().constData());
+    }
+    if (!encoding || *encoding == QStringConverter::Utf8)
+        return bytes;
+    QStringDecoder decoder(*encoding);
+    const QString text = decoder(bytes);
+    return text.toUtf8();
+}
 
-/// Dates of a property list count from 1 January 2001 (UTC); this is that moment in Unix time.
-constexpr qint64 epoch = 978307200; // seconds
+using Node = std::unique_ptr<void, decltype(&plist_free)>;
 
 std::optional<QVariant> fromNode(plist_t node, int depth);
 
@@ -89,12 +105,8 @@ std::optional<QVariant> fromNode(plist_t node, int depth)
         const char *bytes = plist_get_data_ptr(node, &length);
         return QVariant(QByteArray(bytes, static_cast<qsizetype>(length)));
     }
-    case PLIST_DATE: {
-        int32_t seconds = 0;
-        int32_t microseconds = 0;
-        plist_get_date_val(node, &seconds, &microseconds);
-        return QVariant(QDateTime::fromMSecsSinceEpoch((epoch + seconds) * 1000 + microseconds / 1000, Qt::UTC));
-    }
+    case PLIST_DATE:
+        return QVariant(QDateTime());
     case PLIST_DICT:
         return fromDictionary(node, depth);
     case PLIST_ARRAY:
@@ -120,8 +132,6 @@ plist_t toNode(const QVariant &value)
         const QByteArray bytes = value.toByteArray();
         return plist_new_data(bytes.constData(), static_cast<uint64_t>(bytes.size()));
     }
-    case QMetaType::QDateTime:
-        return plist_new_date(static_cast<int32_t>(value.toDateTime().toSecsSinceEpoch() - epoch), 0);
     case QMetaType::QVariantMap: {
         plist_t node = plist_new_dict();
         const QVariantMap map = value.toMap();
@@ -149,7 +159,16 @@ std::optional<QVariant> parse(const QByteArray &bytes)
     if (bytes.isEmpty() || bytes.size() > std::numeric_limits<int32_t>::max())
         return std::nullopt;
     plist_t root = nullptr;
-    plist_from_memory(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
+    if (plist_is_binary(bytes.constData(), static_cast<uint32_t>(bytes.size()))) {
+        if (binaryListDepth(bytes) > maximumDepth)
+            return std::nullopt;
+        plist_from_bin(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
+    } else {
+        const QByteArray text = xmlInUtf8(bytes);
+        if (xmlListDepth(text) > maximumDepth)
+            return std::nullopt;
+        plist_from_xml(text.constData(), static_cast<uint32_t>(text.size()), &root);
+    }
     const Node owner(root, plist_free);
     return root ? fromNode(root, 0) : std::nullopt;
 }

@@ -12,7 +12,8 @@ namespace Tavelo
 class FileManager;
 
 /// Property lists, XML and binary. Dictionaries are `QVariantMap`, arrays `QVariantList`, text `QString`, data
-/// `QByteArray`, dates `QDateTime` in UTC, integers `qlonglong`, the rest `double` and `bool`.
+/// `QByteArray`, integers `qlonglong`, the rest `double` and `bool`. A date is an invalid `QDateTime`: nothing here
+/// reads one.
 namespace PropertyList
 {
 
@@ -28,7 +29,7 @@ std::optional<QVariant> read(const FileManager &files, const QString &path);
 /// The dictionary in the file; an empty one if there is none.
 QVariantMap readDictionary(const FileManager &files, const QString &path);
 
-/// The XML form. The value may hold the types told above.
+/// The XML form. The value may hold the types told above, but no date.
 QByteArray xml(const QVariant &value);
 
 } // namespace PropertyList

@@ -3,6 +3,7 @@
 #include "FileManager.h"
 #include "PropertyList.h"
 
+#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 #include <QStringList>
@@ -46,9 +47,18 @@ bool isFolderName(const QString &name)
 SystemFacts::SystemFacts(std::shared_ptr<const FileManager> files, const QProcessEnvironment &environment)
     : m_files(std::move(files)), m_environment(environment)
 {
+    // The library decodes a value when it is first asked for it, and keeps it. Done now, so that threads may share it.
+    const QStringList names = m_environment.keys();
+    for (const QString &name : names)
+        m_environment.value(name);
 }
 
 SystemFacts::~SystemFacts() = default;
+
+QString SystemFacts::workingFolder() const
+{
+    return m_files->root().isSimulated() ? QStringLiteral("/") : QDir::currentPath();
+}
 
 OSVersion SystemFacts::osVersion() const
 {

@@ -45,6 +45,10 @@ public:
     /// simulated Mac `/Users/` and the value of `USER`, or `/Users/technician`.
     virtual QString homeFolder() const;
 
+    /// The folder that relative paths count from, as a Mac path: the process's own on this machine, `/` on a simulated
+    /// Mac.
+    virtual QString workingFolder() const;
+
     /// The program's environment as it was when the facts were gathered.
     const QProcessEnvironment &environment() const { return m_environment; }
 

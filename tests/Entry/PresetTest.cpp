@@ -3,6 +3,7 @@
 #include "ProgramOnAMac.h"
 
 #include <QDir>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -42,6 +43,8 @@ private Q_SLOTS:
     void standardTwice();
     void fullAndItsFilters();
     void oldSystemsBlockTheFullSet();
+    void survivesItsParent_data();
+    void survivesItsParent();
     void survivesBrokenTools_data();
     void survivesBrokenTools();
 };
@@ -88,6 +91,38 @@ void PresetTest::oldSystemsBlockTheFullSet()
     QCOMPARE(outcome.errors, QStringLiteral("BLOCK: Windows App yêu cầu macOS 14 trở lên.\n"));
     QCOMPARE(outcome.output, QString());
     QCOMPARE(mac.takeCalls(), QStringList());
+}
+
+void PresetTest::survivesItsParent_data()
+{
+    QTest::addColumn<QString>("line"); // of a shell; $0 is the program
+
+    QTest::newRow("nobody reads") << R"("$0" --preset=minimal --yes 2>&1 | head -n 1)";
+    QTest::newRow("closed streams") << R"(exec "$0" --preset=minimal --yes <&- >&- 2>&-)";
+    QTest::newRow("closed input") << R"(exec "$0" --preset=minimal --yes <&-)";
+    QTest::newRow("the end of children is ignored") << R"(trap '' CHLD; exec "$0" --preset=minimal --yes)";
+    QTest::newRow("an odd PATH") << R"(PATH=:/nowhere::. exec "$0" --preset=minimal --yes)";
+    QTest::newRow("blanks for folders")
+        << R"(TAVELO_MAC_CACHE_DIR=' ' TAVELO_MAC_LOG_DIR='  ' exec "$0" --preset=minimal --yes)";
+    QTest::newRow("a relative folder") << R"(TAVELO_MAC_CACHE_DIR=tmp/cache exec "$0" --preset=minimal --yes)";
+    QTest::newRow("a folder above the root")
+        << R"(TAVELO_MAC_CACHE_DIR=/../../tmp/cache exec "$0" --preset=minimal --yes)";
+}
+
+void PresetTest::survivesItsParent()
+{
+    QFETCH(QString, line);
+    const ProgramOnAMac mac;
+    QProcess shell;
+    shell.setProcessEnvironment(mac.environment);
+    shell.start(QStringLiteral("/bin/sh"), {QStringLiteral("-c"), line, ProgramOnAMac::program()});
+    QVERIFY(shell.waitForFinished(120000));
+    QCOMPARE(shell.exitCode(), 0);
+    const QString log = mac.logLines().join(u'\n');
+    QCOMPARE(log.count(QStringLiteral("] Thành công: ")), 8);
+    QVERIFY(!log.contains(QStringLiteral("] Thất bại: ")));
+    QVERIFY(mac.exists(QStringLiteral("/Applications/Thunderbird.app")));
+    QCOMPARE(leftovers(mac), QStringList());
 }
 
 void PresetTest::survivesBrokenTools_data()

@@ -1,0 +1,82 @@
+#include "LanguageKit.h"
+
+#include "Row.h"
+#include "Workshop.h"
+
+#include <QCryptographicHash>
+
+using namespace Qt::StringLiterals;
+using namespace Tavelo;
+
+class LanguageKitTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void installs_data()
+    {
+        // ran: tools, in order
+        // left: in the working folder
+        columns<QString, bool, QString, QString, QString>("furniture", "succeeds", "ran", "left", "line");
+        const char *staged = "vi vietnamese-dictionaries.oxt", *all = "curl curl zip unopkg";
+        row("success", ":", true, all, staged, "(exit 0)");
+        row("user's own LibreOffice", "mkdir -p $H/Applications; mv Applications/LibreOffice.app $H/Applications", true,
+            all, staged, "(exit 0)");
+        row("there, in other case", "mkdir -p \"$L/uno_packages/a/b\"; touch \"$L/uno_packages/a/b/VI_vn.AFF\"", true,
+            "", "", "đã có sẵn.");
+        row("only in hidden folders and packages",
+            "cd \"$L\"; mkdir -p extensions/.a extensions/A.app; touch extensions/.a/vi_VN.dic extensions/A.app/vi_VN.dic",
+            true, all, staged, "(exit 0)");
+        row("no unopkg", "rm -r Applications/LibreOffice.app", false, "", "", "để cài Vietnamese dictionary.");
+        row("silent unopkg", "touch silent", false, all, staged, "(exit 0)");
+        row("failing unopkg", "touch failing-unopkg", false, all, staged, "dictionary bằng unopkg.");
+        row("failing zip", "touch failing-zip", false, "curl curl zip", "vi", "(exit 1)");
+        row("failing download", "touch failing-curl", false, "curl", "vi", "file: one.xml");
+        row("second is corrupted", "mkdir -p $C; touch $C/vietnamese-dictionaries.oxt corrupt-two.xml", false,
+            "curl curl", "", "file: META-INF/two.xml");
+    }
+
+    void installs()
+    {
+        QFETCH(QString, furniture);
+        QFETCH(QString, line);
+        const TemporaryMac mac;
+        mac.addTool(u"/usr/bin/curl"_s, R"(while [ "$1" != -o ]; do shift; done
+[ ! -e "$ROOT/failing-curl" ] || exit 22
+name=${last##*/}
+if [ -e "$ROOT/corrupt-$name" ]; then echo "$name"; else printf '%s' "$name"; fi >"$ROOT$2")");
+        mac.addTool(
+            u"/usr/bin/zip"_s,
+            "[ ! -e \"$ROOT/failing-zip\" ] && test \"$(cat one.xml META-INF/two.xml)\" = one.xmltwo.xml && : >\"$ROOT$2\"");
+        mac.addTool(u"/Applications/LibreOffice.app/Contents/MacOS/unopkg"_s,
+                    R"([ ! -e "$ROOT/failing-unopkg" ] || exit 1
+[ "$1 $2 $3" = "add --force --suppress-license" ] && [ -f "$ROOT$4" ] && [ ! -e "$ROOT/silent" ] || exit 0
+D="$ROOT/Users/technician/Library/Application Support/LibreOffice/4/user/uno_packages/cache"
+mkdir -p "$D" && touch "$D/vi_VN.dic")");
+        mac.furnish(
+            u"H=Users/technician; L=\"$H/Library/Application Support/LibreOffice/4/user\"; C=$H/Library/Caches/tavelo-deskrig/libreoffice-vi-dictionary; mkdir -p \"$L\"; "_s +
+            furniture);
+        Workshop shop(mac.services());
+        const auto pinned = [](const QString &path) {
+            const QByteArray content = path.section(u'/', -1).toUtf8();
+            return PinnedFile{path, QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex()};
+        };
+        const LanguageKit kit(shop.services, shop.runtime, shop.runner, shop.log,
+                              {pinned(u"one.xml"_s), pinned(u"META-INF/two.xml"_s)});
+        QTEST(kit.installLibreOfficeVietnameseDictionary(), "succeeds");
+
+        const QString folder = shop.runtime.cacheDir() + u"/libreoffice-vi-dictionary"_s;
+        QTEST(mac.calls().replaceInStrings(QRegularExpression(u"\\|.*"_s), QString()).join(u' '), "ran");
+        QTEST(QDir(mac.hostPath(folder)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join(u' '), "left");
+        QVERIFY2(shop.texts().value(shop.texts().size() - 1).endsWith(line), qPrintable(shop.texts().join(u'\n')));
+        if (!mac.calls().isEmpty())
+            QCOMPARE(
+                mac.calls().at(0),
+                u"curl|-fL|--proto|=https|--proto-redir|=https|--retry|2|--connect-timeout|20|-o|%1/vi/one.xml|https://raw.githubusercontent.com/"
+                "LibreOffice/dictionaries/38d96a4d54ec3449cf7f28cddae1fce32e2b15a7/vi/one.xml"_s.arg(folder));
+    }
+};
+
+QTEST_GUILESS_MAIN(LanguageKitTest)
+
+#include "LanguageKitTest.moc"

@@ -1,0 +1,122 @@
+#include "OperationLog.h"
+
+#include "AppRuntime.h"
+#include "Row.h"
+#include "Workshop.h"
+
+#include <QRegularExpression>
+
+#include <thread>
+#include <vector>
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+using namespace Tavelo;
+
+class OperationLogTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void fileIsPrivateAndOnlyGrows_data()
+    {
+        columns<QString, QString>("variable", "folder");
+        row("blanks", " \t\n", "/Users/technician/Library/Logs");
+        row("home", "~/x", "/Users/technician/x");
+        row("slash at its end", "/logs/~/deep/", "/logs/~/deep");
+    }
+
+    void fileIsPrivateAndOnlyGrows()
+    {
+        QFETCH(QString, variable);
+        QFETCH(QString, folder);
+        TemporaryMac mac;
+        mac.environment.insert(u"TAVELO_MAC_LOG_DIR"_s, variable);
+        const QString file = folder + u"/tavelo-deskrig.log"_s;
+        const auto isPrivate = [&] { return mac.mode(folder) == 0700 && mac.mode(file) == 0600; };
+        const auto widen = [&] { mac.furnish(u"chmod 777 '.%1'; chmod 666 '.%2'"_s.arg(folder, file)); };
+        const mode_t mask = ::umask(0);
+        Workshop shop(mac.services());
+        QVERIFY(isPrivate());
+        widen();
+        const Workshop next(mac.services());
+        ::umask(mask);
+        QVERIFY(isPrivate());
+        widen();
+        mac.write(file, "[00:00:00] earlier\n");
+        shop.log.log(u"Tiếng Việt"_s);
+        QCOMPARE(mac.contents(file), "[00:00:00] earlier\n[03:04:05] Tiếng Việt\n");
+        QVERIFY(isPrivate());
+        mac.furnish(u"rm -r '.%1'"_s.arg(folder));
+        shop.log.log(u"again"_s);
+        QCOMPARE(mac.contents(file), "[03:04:05] again\n");
+        QVERIFY(isPrivate());
+        QVERIFY(shop.heard.lines.isEmpty()); // which the main queue delivers
+        QCOMPARE(shop.texts().join(u'|'), u"Tiếng Việt|again"_s);
+    }
+
+    void failureIsToldAndStopsNothing()
+    {
+        const QList<QPair<QString, QString>> cases = {{u"touch logs"_s, u"File exists"_s},
+                                                      {u"mkdir -p logs/tavelo-deskrig.log"_s, u"Is a directory"_s}};
+        for (const auto &[furniture, reason] : cases) {
+            TemporaryMac mac;
+            mac.environment.insert(u"TAVELO_MAC_LOG_DIR"_s, u"/logs"_s);
+            mac.furnish(furniture);
+            Workshop shop(mac.services());
+            shop.log.log(u"one"_s);
+            shop.log.log(u"two"_s);
+            QCOMPARE(shop.texts().join(u'|'),
+                     u"Không ghi được log file: %1|one|Không ghi được log file: %1|two"_s.arg(reason));
+        }
+    }
+
+    void progress()
+    {
+        const TemporaryMac mac;
+        Workshop shop(mac.services());
+        for (const std::optional<double> fraction :
+             {std::optional(1.7), std::optional(0.999), std::optional(-0.2), std::optional<double>()})
+            shop.log.progress(u"m"_s, fraction);
+        QCOMPARE(shop.fractions(), u"1 0.999 0 -"_s);
+        QCOMPARE(shop.heard.texts().join(u'|'), u"PROGRESS 100%: m|PROGRESS 99%: m|PROGRESS 0%: m|PROGRESS: m"_s);
+    }
+
+    void linesOfManyThreadsStayWhole()
+    {
+        const TemporaryMac mac;
+        Workshop shop(mac.services());
+        std::vector<std::thread> threads;
+        for (int number = 0; number < 8; ++number)
+            threads.emplace_back([&shop, number] {
+                for (int count = 0; count < 50; ++count)
+                    shop.log.log(QString(3000, QChar(u'a' + number)));
+            });
+        for (std::thread &thread : threads)
+            thread.join();
+        const QString text = QString::fromUtf8(mac.contents(shop.log.file()));
+        const QRegularExpression whole(u"^\\[03:04:05\\] (.)\\1{2999}$"_s, QRegularExpression::MultilineOption);
+        QCOMPARE(text.count(whole), 400);
+        QCOMPARE(text.size(), 400 * 3012);
+        QCOMPARE(shop.texts().size(), 400);
+    }
+
+    void appVersion()
+    {
+        const auto version = [](const QVariantMap &info) {
+            PlatformServices services = TemporaryMac().services();
+            services.ownBundleInfo = info;
+            return AppRuntime(services).appVersion();
+        };
+        const QString key = u"CFBundleShortVersionString"_s, build = u"CFBundleVersion"_s;
+        QCOMPARE(version({{key, u" 1.2\n"_s}, {build, u"7"_s}}), u"1.2 (7)"_s);
+        QCOMPARE(version({{key, u"1.2"_s}, {build, u" "_s}}), u"1.2"_s);
+        QCOMPARE(version({{key, u" "_s}, {build, u"7"_s}}), u"dev"_s);
+        QCOMPARE(version({{key, 1.2}, {build, u"7"_s}}), u"dev"_s);
+    }
+};
+
+QTEST_GUILESS_MAIN(OperationLogTest)
+
+#include "OperationLogTest.moc"

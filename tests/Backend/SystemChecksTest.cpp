@@ -1,0 +1,148 @@
+#include "FileManager.h"
+#include "Row.h"
+#include "SystemFacts.h"
+#include "Workshop.h"
+
+using namespace Qt::StringLiterals;
+using namespace Tavelo;
+
+namespace
+{
+
+constexpr qint64 gibibyte = 1LL << 30;
+
+/// A Mac that nothing is wrong with, but for what a row changes.
+struct Machine {
+    QString version = u"15.1"_s;
+    QString processor = u"arm64"_s;
+    std::optional<qint64> freeBytes = 5 * gibibyte;
+    bool hasBrew = true;
+    bool hasNetwork = true;
+    bool hasXcodeTools = true;
+    bool isRoot = false;
+    bool knowsUser = true;
+};
+
+struct StatedFiles : FileManager {
+    StatedFiles(const TemporaryMac &mac, std::optional<qint64> free) : FileManager(HostRoot(mac.folder())), bytes(free)
+    {
+    }
+    std::optional<qint64> freeBytes(const QString &path) const override { return path == u"/" ? bytes : std::nullopt; }
+    std::optional<qint64> bytes;
+};
+
+struct StatedFacts : SystemFacts {
+    using SystemFacts::SystemFacts;
+    QString machineName() const override { return machine.processor; }
+    bool isRoot() const override { return machine.isRoot; }
+    Machine machine;
+};
+
+PlatformServices furnish(TemporaryMac &mac, const Machine &machine)
+{
+    mac.setVersion(machine.version);
+    mac.addTool(u"/usr/bin/xcode-select"_s, machine.hasXcodeTools ? "test \"$*\" = -p" : "exit 2");
+    if (machine.hasBrew)
+        addBrew(mac, u"cask:onlyoffice"_s);
+    if (!machine.hasNetwork)
+        mac.write(u"/etc/hosts"_s, {});
+    if (!machine.knowsUser)
+        mac.environment.remove(u"USER"_s);
+    PlatformServices services = mac.services();
+    services.files = std::make_shared<StatedFiles>(mac, machine.freeBytes);
+    const auto facts = std::make_shared<StatedFacts>(services.files, mac.environment);
+    facts->machine = machine;
+    services.facts = facts;
+    return services;
+}
+
+} // namespace
+
+class SystemChecksTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void checks_data()
+    {
+        // levels: a letter for each row: ok, warn, fail
+        columns<Machine, QString, int, QString>("machine", "levels", "row", "detail");
+        row("13", Machine{.version = u"13"_s}, "oooooooww", 0, "macOS 13.0.0.");
+        row("12", Machine{.version = u"12.7.6"_s}, "wooooooww", 0,
+            "macOS 12.7.6 legacy. Homebrew/app cask có thể thiếu package.");
+        row("11", Machine{.version = u"11.9"_s}, "fooooooww", 0, "macOS 11.9.0 quá cũ. Target tối thiểu: macOS 13.");
+        row("Intel", Machine{.processor = u"x86_64"_s}, "oooooooww", 1, "x86_64");
+        row("other processor", Machine{.processor = u"riscv64"_s}, "ofoooooww", 1, "riscv64");
+        row("no brew", Machine{.hasBrew = false}, "oowooooww", 2, "Chưa tìm thấy brew. Cài từ https://brew.sh");
+        row("brew", Machine(), "oooooooww", 2, "/opt/homebrew/bin/brew");
+        row("no network", Machine{.hasNetwork = false}, "ooowoooww", 3, "Không phân giải được formulae.brew.sh.");
+        row("no tools", Machine{.hasXcodeTools = false}, "oooowooww", 3, "Có thể phân giải formulae.brew.sh.");
+        row("5 GB", Machine(), "oooooooww", 5, "5GB trống trên /.");
+        row("less", Machine{.freeBytes = 5 * gibibyte - 1}, "ooooofoww", 5, "4GB trống trên /.");
+        row("disk unknown", Machine{.freeBytes = {}}, "ooooofoww", 5, "0GB trống trên /.");
+        row("root", Machine{.isRoot = true}, "oooooowww", 6, "Không nên chạy Homebrew GUI app bằng root.");
+        row("user unknown", Machine{.knowsUser = false}, "oooooooww", 6, "User: unknown");
+    }
+
+    void checks()
+    {
+        QFETCH(Machine, machine);
+        QFETCH(int, row);
+        TemporaryMac mac;
+        const Workshop shop(furnish(mac, machine));
+        const auto levels = [&] {
+            QString letters;
+            for (const SystemCheck &check : shop.backend.systemChecks())
+                letters += u"owf"_s.at(static_cast<int>(check.level));
+            return letters;
+        };
+        QTEST(levels(), "levels");
+        QTEST(shop.backend.systemChecks().at(row).detail, "detail");
+        mac.addApp(u"/Applications/ONLYOFFICE.app"_s, u"org.example"_s);
+        QCOMPARE(levels().endsWith(u"wo"), machine.hasBrew);
+    }
+
+    void blockers_data()
+    {
+        columns<Machine, QList<AppKind>, QString>("machine", "kinds", "blockers");
+        using enum AppKind;
+        using Kinds = QList<AppKind>;
+        const Machine bare{.freeBytes = 0, .hasBrew = false, .hasNetwork = false};
+        const Machine unfit{
+            .version = u"11.0"_s, .processor = u"i386"_s, .freeBytes = 0, .hasBrew = false, .hasNetwork = false};
+        const QString brewAndNetwork =
+            u"Chưa có Homebrew. Cài Homebrew từ https://brew.sh rồi chạy lại.|"
+            "Không phân giải được formulae.brew.sh. Kiểm tra Internet/DNS trước khi cài bằng Homebrew."_s;
+        const QString disk = u"Cần tối thiểu 1GB trống trên /. Hiện còn 0GB."_s;
+        const QString unfitness = u"macOS 11.0.0 quá cũ. Target tối thiểu: macOS 13.|"
+                                  "Chỉ hỗ trợ CPU arm64 hoặc x86_64. Máy hiện tại: i386."_s;
+        row("12", Machine{.version = u"12.0"_s}, Kinds{cask}, "");
+        row("one, 1 GB", Machine{.freeBytes = gibibyte}, Kinds{cask, shortcut, builtin, mime}, "");
+        row("one, less", Machine{.freeBytes = gibibyte - 1}, Kinds{direct}, disk);
+        row("two, 5 GB", Machine(), Kinds{formula, bundle}, "");
+        row("two, less", Machine{.freeBytes = 5 * gibibyte - 1}, Kinds{direct, direct},
+            "Cần tối thiểu 5GB trống trên /. Hiện còn 4GB.");
+        row("bare, nothing", bare, Kinds{}, "");
+        row("bare, mime", bare, Kinds{mime}, brewAndNetwork);
+        row("bare, direct", bare, Kinds{direct}, disk);
+        row("bare, others", bare, Kinds{shortcut, builtin, blocked}, "");
+        row("unfit, nothing", unfit, Kinds{}, unfitness);
+        row("unfit, bundle", unfit, Kinds{bundle}, unfitness + u'|' + brewAndNetwork + u'|' + disk);
+    }
+
+    void blockers()
+    {
+        QFETCH(Machine, machine);
+        QFETCH(QList<AppKind>, kinds);
+        TemporaryMac mac;
+        const Workshop shop(furnish(mac, machine));
+        QList<AppItem> items;
+        for (const AppKind kind : kinds)
+            items.append(anItem(kind));
+        QTEST(shop.backend.installBlockers(items).join(u'|'), "blockers");
+    }
+};
+
+QTEST_GUILESS_MAIN(SystemChecksTest)
+
+#include "SystemChecksTest.moc"

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QString>
+
+#include <memory>
+
+namespace Tavelo
+{
+
+/// A certificate authority of the test's own, which signs store receipts as Apple's does: a root, an issuer and a
+/// signer, with the marks that such certificates carry.
+class TestAuthority
+{
+public:
+    struct Options {
+        bool signerMark = true; ///< The signer's certificate carries the mark of receipt signers.
+        bool issuerMark = true; ///< The issuer's certificate carries the mark of receipt issuers.
+        bool issuer = true;     ///< Without one the root signs the signer's certificate.
+        QDateTime validFrom = QDateTime(QDate(2015, 1, 1), QTime(), Qt::UTC);
+        QDateTime validUntil = QDateTime(QDate(2017, 1, 1), QTime(), Qt::UTC);
+    };
+    TestAuthority();
+    explicit TestAuthority(const Options &options);
+    ~TestAuthority();
+    Q_DISABLE_COPY_MOVE(TestAuthority)
+
+    /// SHA-256 of the root certificate.
+    QByteArray rootFingerprint() const;
+
+    enum class Form { plain, withSignedAttributes, withoutPayload };
+    /// The payload as a signed message that holds the whole chain.
+    QByteArray sign(const QByteArray &payload, Form form = Form::plain) const;
+
+    /// A DER value: tag, length, content.
+    static QByteArray der(quint8 tag, const QByteArray &content);
+    /// One attribute of a receipt's payload.
+    static QByteArray attribute(int type, const QByteArray &value);
+    /// A payload with an identifier, a creation date and a few attributes that nobody reads.
+    static QByteArray payload(const QString &identifier, const QString &created);
+
+private:
+    struct Chain;
+    std::unique_ptr<Chain> m_chain;
+};
+
+} // namespace Tavelo
