@@ -212,8 +212,10 @@ bool FileManager::createFolder(const QString &path, mode_t mode, FileError *erro
     const QString hostPath = QDir::cleanPath(m_root.hostPath(path));
     if (QFileInfo(hostPath).isDir())
         return true;
-    const qsizetype slash = hostPath.lastIndexOf(u'/');
-    if (slash > 0 && !createFolder(m_root.macPath(hostPath.left(slash)), mode, error))
+    const QString parent = hostPath.left(hostPath.lastIndexOf(u'/'));
+    if (!parent.isEmpty() && QFileInfo::exists(parent) && !QFileInfo(parent).isDir())
+        return fail(error, ENOTDIR);
+    if (!parent.isEmpty() && !createFolder(m_root.macPath(parent), mode, error))
         return false;
     if (::mkdir(QFile::encodeName(hostPath).constData(), mode) == 0)
         return true;

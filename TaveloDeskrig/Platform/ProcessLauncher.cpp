@@ -66,7 +66,6 @@ ProcessResult ProcessLauncher::run(const ProcessSetup &setup) const
         take();
         m_mainQueue->service();
     }
-    take(); // what the child left in the pipe
     result.status = process.exitCode();
     if (process.exitStatus() == QProcess::CrashExit && result.status == 0)
         result.status = 1;

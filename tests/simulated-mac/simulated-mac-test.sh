@@ -3,8 +3,7 @@
 # Prints a line for each check that fails, and a count at the end.
 set -u
 
-# shellcheck disable=SC1007 # an empty CDPATH for this one command
-simulated=$(CDPATH= cd "$(dirname "$0")/../../simulated-mac" && pwd) || exit 1
+simulated=$(CDPATH='' cd -- "$(dirname -- "$0")/../../simulated-mac" && pwd) || exit 1
 temporary=$(mktemp -d) || exit 1
 trap 'rm -rf "$temporary"' EXIT
 passed=0
@@ -79,6 +78,22 @@ mkdir "$temporary/foreign"
 echo precious >"$temporary/foreign/file"
 "$simulated/make-mac" "$temporary/foreign" --fresh >/dev/null 2>"$temporary/err"
 check 'a folder of somebody else is left alone' same "$?$(cat "$temporary/foreign/file")" 1precious
+# A folder of CDPATH that has the same names, and a call that is killed while it clears the old Mac.
+mkdir -p "$temporary/elsewhere/relative" "$temporary/elsewhere/simulated-mac" "$temporary/bin"
+ln -s "$simulated" "$temporary/simulated-mac"
+# shellcheck disable=SC2016 # for the stand-in
+printf '#!/bin/sh\ncommand -p find "$@"\nkill -KILL "$PPID"\n' >"$temporary/bin/find"
+chmod 755 "$temporary/bin/find"
+(
+    cd "$temporary" || exit 1
+    export CDPATH="$temporary/elsewhere"
+    simulated-mac/make-mac relative --without-homebrew &&
+        ! PATH=$temporary/bin:$PATH simulated-mac/make-mac relative --fresh &&
+        simulated-mac/make-mac relative --fresh --without-homebrew &&
+        simulated-mac/add-app relative App
+) >/dev/null 2>&1
+check 'an exported CDPATH, and a call that was killed' same "$?$(ls "$temporary/elsewhere/relative")" 0
+check 'leave a Mac' test -d "$temporary/relative/Applications/App.app"
 make_mac --macos 13.6.1 --computer-name 'A & B' --without-homebrew --without-network --without-xcode-tools
 "$simulated/make-mac" "$mac" >/dev/null 2>&1
 check 'a Mac is replaced only if told so' same $? 1
@@ -94,6 +109,33 @@ check 'no network' ended 6 '' '*curl: (6) Could not resolve host: telegram.org'
 
 make_mac
 check 'links inside a Mac are relative' same "$(find "$mac" -type l -lname '/*')" ''
+while read -r tool rest; do
+    # shellcheck disable=SC2086 # words
+    "$simulated/$tool" "$mac" $rest >/dev/null 2>&1
+    check "refused: $tool $rest" same $? 2
+done <<EOF
+add-app X --path /../x.app
+add-app X --put $0=Contents/../../../x
+add-app .. --identifier x
+add-receipt ../../x
+add-receipt a/b
+make-image $temporary/x.dmg --folder ../x /Applications/Safari.app
+make-image $temporary/x.dmg /../etc
+set-download https://../x --status 500
+set-download https://brew.sh/x/.. --status 500
+break-tool .. --silent
+EOF
+"$simulated/add-app" "$mac" Safari --put /nowhere=x 2>/dev/null
+check 'a missing file is found out before anything is removed' there /Applications/Safari.app/Contents/PkgInfo
+on /usr/bin/ditto /../private/etc/hosts /tmp/../../tmp/absolute
+check 'nothing lies above the root' there /tmp/absolute
+on /usr/bin/ditto etc/hosts tmp/relative
+check 'outside of the Mac, a relative path counts from its root' there /tmp/relative
+(
+    cd "$mac/Users" || exit 1
+    on /usr/bin/ditto ../../../../etc/hosts relative
+)
+check 'in it, from the current folder' there /Users/relative
 on /usr/bin/xcode-select -p
 check 'Xcode tools' ended 0 /Library/Developer/CommandLineTools ''
 
@@ -127,6 +169,8 @@ for missing in 'uninstall nope' 'list --formula nope'; do
     brew $missing
     check "brew $missing" ended 1 '' 'Error: No such keg: /opt/homebrew/Cellar/nope'
 done
+brew list --formula ../../../Applications
+check 'no path is a name' ended 1 '' 'Error: No such keg: /opt/homebrew/Cellar/../../../Applications'
 for missing in 'uninstall --cask nope' 'list --cask nope'; do
     # shellcheck disable=SC2086
     brew $missing
@@ -186,6 +230,14 @@ check 'no lock is left' same "$(ls -A "$mac/opt/homebrew/var/homebrew/locks")" '
 ln -s 999999999 "$mac/opt/homebrew/var/homebrew/locks/tree.formula.lock"
 brew install tree
 check 'the lock of a killed call' ended 0
+rm -r "$mac/opt/homebrew/var/homebrew/locks"
+: >"$mac/opt/homebrew/var/homebrew/locks"
+brew uninstall tree
+check 'no lock can be made' ended 1 '*' 'Error: File exists @ dir_s_mkdir - /opt/homebrew/var/homebrew/locks'
+rm "$mac/opt/homebrew/var/homebrew/locks"
+mkdir -p "$mac/opt/homebrew/var/homebrew/locks/tree.formula.lock"
+brew uninstall tree
+check 'a lock that is none' ended 1 '*' 'Error: Is a directory @ rb_sysopen - *'
 
 # --- Downloads and disk images ----------------------------------------------------------------------------------------
 
@@ -301,6 +353,10 @@ EOF
     check "$kind: only a developer's meets the requirement" same "$(test "$status" = 0 && echo yes)" \
         "$(test "$kind" = developer-id && echo yes)"
 done
+add_app App
+ln -s /etc "$mac/Applications/App.app/Contents/Resources/link"
+codesign --verify --strict /Applications/App.app
+check 'links are sealed too' ended 1 '' '*: a sealed resource is missing or invalid'
 add_app App --gatekeeper reject
 on /usr/sbin/spctl --assess --type execute /Applications/App.app
 check 'Gatekeeper says no' ended 3 '' '/Applications/App.app: rejected'
@@ -406,9 +462,9 @@ calls=$mac/private/var/log/simulated-mac/calls.log
 : >"$calls"
 brew list --formula -1
 brew 'two
-lines'
-check 'one line for each call' same "$(cat "$calls")" 'brew list --formula -1
-brew two lines'
+lines' two lines '' "it's"
+check 'one line for each call' same "$(cat "$calls")" "brew list --formula -1
+brew 'two lines' two lines '' 'it'\\''s'"
 cp "$mac/private/etc/hosts" "$temporary/hosts"
 : >"$mac/private/etc/hosts"
 brew install p7zip

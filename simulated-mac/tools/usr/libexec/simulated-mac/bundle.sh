@@ -1,7 +1,7 @@
 # Application bundles: writing, signing and reading them. Used by the tools of the Mac and by the programs that build one.
 #
 # The signature is a small text file, Contents/_CodeSignature/CodeResources, with one NAME=VALUE a line. Its seal is a
-# checksum over all other files of the bundle, so that a copy that is really damaged is also really found to be so.
+# checksum over all other files and links of the bundle, so that a copy that is really damaged is also really found to be so.
 
 # Sets `escaped` to the text $1 as XML character data.
 escape_xml() {
@@ -49,9 +49,12 @@ write_bundle() {
 # Prints the seal of the bundle $1. A store receipt comes after the signature on a Mac too, and so is no part of it.
 seal_of() {
     (
-        cd "$1" || exit 1
+        CDPATH='' cd -- "$1" || exit 1
+        # shellcheck disable=SC2016 # for the inner shell
         find . \( -path ./Contents/_CodeSignature -o -path ./Contents/_MASReceipt \) -prune \
-            -o -type f ! -name .DS_Store -exec cksum {} + | LC_ALL=C sort | cksum
+            -o -type f ! -name .DS_Store -exec cksum {} + \
+            -o -type l -exec sh -c 'for link; do printf "%s -> %s\n" "$link" "$(readlink "$link")"; done' sh {} + |
+            LC_ALL=C sort | cksum
     )
 }
 

@@ -14,12 +14,51 @@ state=$root/private/var/simulated-mac
 newline='
 '
 
-# Sets `mapped` to the host's name of a path. A relative one counts from the current folder, which is the host's already.
+# Goes into the Mac, unless the current folder lies there already, and sets `current` to its Mac path ("" for the root).
+# Both names of a folder count: the one that was used, and the one without symbolic links.
+enter_mac() {
+    case $PWD/ in
+    "$root"/*)
+        current=${PWD#"$root"}
+        return
+        ;;
+    esac
+    cd -P . 2>/dev/null || :
+    current=$PWD
+    cd -P "$root" || exit 1
+    case $current/ in
+    "$PWD"/*)
+        below=${current#"$PWD"}
+        cd "$current" || exit 1
+        current=$below
+        ;;
+    *) current= ;;
+    esac
+}
+enter_mac
+
+# Sets `mapped` to the host's name of a path. A relative one counts from the current folder, and stays as it is. As on a
+# Mac, ".." leads nowhere above the root.
 map() {
     case $1 in
-    /*) mapped=$root$1 ;;
-    *) mapped=$1 ;;
+    /*) mapped=$root$1 map_rest=$1 ;;
+    *) mapped=$1 map_rest=$current/$1 ;;
     esac
+    case /$1/ in
+    */../*) ;;
+    *) return ;;
+    esac
+    mapped=$root
+    while [ -n "$map_rest" ]; do
+        component=${map_rest%%/*}
+        map_rest=${map_rest#"$component"}
+        map_rest=${map_rest#/}
+        case $component in
+        '' | .) ;;
+        ..) [ "$mapped" = "$root" ] || mapped=${mapped%/*} ;;
+        *) mapped=$mapped/$component ;;
+        esac
+    done
 }
 
 # Sets `replaced` to the text $1 with every $2 turned into $3.
@@ -56,17 +95,22 @@ read_pace() {
     [ ! -r "$state/pace" ] || read -r pace <"$state/pace"
 }
 
-# begin TOOL ARGUMENTS…: to be called first. Records the call as one line, and breaks it if a switch says so.
+# begin TOOL ARGUMENTS…: to be called first. Records the call as one line, and breaks it if a switch says so. An argument
+# that holds blanks or quotes, or nothing, is written as the shell quotes it; a newline in it becomes a blank.
 # Afterwards `damaged` is yes where the tool is to spoil its own result.
 begin() {
-    call=$*
-    case $call in
-    *"$newline"*)
-        replace "$call" "$newline" ' '
-        call=$replaced
-        ;;
-    esac
-    { printf '%s\n' "$call" >>"$root/private/var/log/simulated-mac/calls.log"; } 2>/dev/null
+    call=
+    for word; do
+        case $word in
+        '' | *[[:space:]\']*)
+            replace "$word" "$newline" ' '
+            replace "$replaced" "'" "'\\''"
+            word="'$replaced'"
+            ;;
+        esac
+        call="$call $word"
+    done
+    { printf '%s\n' "${call# }" >>"$root/private/var/log/simulated-mac/calls.log"; } 2>/dev/null
     damaged=no
     if [ -e "$state/broken/$1" ]; then
         break_call "$@"

@@ -116,27 +116,28 @@ meet_needs() {
     esac
 }
 
-# place_artifact KIND FILE: puts one artifact of the cask at hand where it belongs.
+# Puts the artifact of the cask at hand that next_artifact took where it belongs.
 place_artifact() {
-    case $1 in
+    case $type in
     app)
-        target=/Applications/$2
-        write_bundle "$staged/$2" "${2%.app}" "$bundle_identifier" "$stable" "Copyright © 2025 $developer"
-        [ ! -d "$library/payload/$name" ] || cp -Rp "$library/payload/$name/." "$staged/$2/"
-        sign_bundle "$staged/$2" developer-id "$bundle_identifier" "$team" "$developer" accept
-        say "==> Moving App '$2' to '$target'"
+        target=/Applications/$placed
+        bundle=${source##*/}
+        write_bundle "$staged/$source" "${bundle%.app}" "$bundle_identifier" "$stable" "Copyright © 2025 $developer"
+        [ ! -d "$library/payload/$name" ] || cp -Rp "$library/payload/$name/." "$staged/$source/"
+        sign_bundle "$staged/$source" developer-id "$bundle_identifier" "$team" "$developer" accept
+        say "==> Moving App '$bundle' to '$target'"
         mkdir -p "$root/Applications"
-        mv "$staged/$2" "$root$target" || cask_fails "Permission denied @ rb_file_s_rename - $target"
-        ln -s "../../../../..$target" "$staged/$2"
+        mv "$staged/$source" "$root$target" || cask_fails "Permission denied @ rb_file_s_rename - $target"
+        ln -s "../../../../..$target" "$staged/$placed"
         ;;
     font)
-        target=$home/Library/Fonts/$2
-        echo 'stand-in for a font' >"$staged/$2"
-        say "==> Moving Font '$2' to '$target'"
-        { mkdir -p "$root$home/Library/Fonts" && mv "$staged/$2" "$root$target"; } ||
+        target=$home/Library/Fonts/$placed
+        echo 'stand-in for a font' >"$staged/$placed"
+        say "==> Moving Font '$placed' to '$target'"
+        { mkdir -p "$root$home/Library/Fonts" && mv "$staged/$placed" "$root$target"; } ||
             cask_fails "Permission denied @ rb_file_s_rename - $target"
         ;;
-    stage) mkdir -p "$staged/$2/Contents" ;;
+    stage) mkdir -p "$staged/$source/Contents" ;;
     esac
 }
 
@@ -161,24 +162,21 @@ install_cask() {
     say "==> Downloading $homepage$1-$stable.dmg"
     progress_bar
     say "==> Installing Cask $1"
-    case $artifacts in
-    app:*)
-        target=/Applications/${artifacts#app:}
-        if [ -e "$root$target" ]; then
+    all_artifacts=$artifacts
+    while next_artifact; do
+        target=/Applications/$placed
+        if [ "$type" = app ] && [ -e "$root$target" ]; then
             say "==> Purging files for version $stable of Cask $1"
             fail "It seems there is already an App at '$target'."
         fi
-        ;;
-    esac
+    done
+    artifacts=$all_artifacts
     staged=$root$caskroom/$1/$stable
     mkdir -p "$staged" "$root$caskroom/$1/.metadata" || fail "Permission denied @ dir_s_mkdir - $caskroom/$1"
     printf '{"default":{"appdir":"/Applications"},"env":{},"explicit":{%s}}\n' "$languages" \
         >"$root$caskroom/$1/.metadata/config.json"
-    while [ -n "$artifacts" ]; do
-        artifact=${artifacts%%;*}
-        artifacts=${artifacts#"$artifact"}
-        artifacts=${artifacts#;}
-        place_artifact "${artifact%%:*}" "${artifact#*:}"
+    while next_artifact; do
+        place_artifact
     done
     say "🍺  $1 was successfully installed!"
 }

@@ -1,16 +1,22 @@
 # brew list: all that is installed, the versions of it, or the files of what is named.
 # shellcheck disable=SC2154 # brew itself sets what is used here
 
+# list_versions FOLDER NAME: all that are installed, on one line.
+list_versions() {
+    line=$2
+    for candidate in "$root$1/$2"/*; do
+        [ ! -d "$candidate" ] || line="$line ${candidate##*/}"
+    done
+    printf '%s\n' "$line"
+}
+
 # list_folder FOLDER: the names in the Cellar or the Caskroom, one a line.
 list_folder() {
     for entry in "$root$1"/*; do
         [ -d "$entry" ] || continue
         entry=${entry##*/}
         case $options in
-        *' --versions '*)
-            find_version "$1" "$entry"
-            printf '%s %s\n' "$entry" "$version"
-            ;;
+        *' --versions '*) list_versions "$1" "$entry" ;;
         *) printf '%s\n' "$entry" ;;
         esac
     done
@@ -19,7 +25,7 @@ list_folder() {
 list_formula() {
     find_version "$cellar" "$1" || return 1
     case $options in
-    *' --versions '*) printf '%s %s\n' "$1" "$version" ;;
+    *' --versions '*) list_versions "$cellar" "$1" ;;
     *)
         find "$root$cellar/$1/$version" -type f | while IFS= read -r file; do
             printf '%s\n' "${file#"$root"}"
@@ -32,19 +38,16 @@ list_cask() {
     find_version "$caskroom" "$1" || return 1
     case $options in
     *' --versions '*)
-        printf '%s %s\n' "$1" "$version"
+        list_versions "$caskroom" "$1"
         return
         ;;
     esac
     find_cask "$1" || return 0
-    while [ -n "$artifacts" ]; do
-        artifact=${artifacts%%;*}
-        artifacts=${artifacts#"$artifact"}
-        artifacts=${artifacts#;}
-        case $artifact in
-        app:*) printf '==> Apps\n/Applications/%s\n' "${artifact#*:}" ;;
-        font:*) printf '==> Fonts\n%s/Library/Fonts/%s\n' "$home" "${artifact#*:}" ;;
-        stage:*) printf '==> Staged content\n%s/%s/%s/%s\n' "$caskroom" "$1" "$version" "${artifact#*:}" ;;
+    while next_artifact; do
+        case $type in
+        app) printf '==> Apps\n/Applications/%s\n' "$placed" ;;
+        font) printf '==> Fonts\n%s/Library/Fonts/%s\n' "$home" "$placed" ;;
+        stage) printf '==> Staged content\n%s/%s/%s/%s\n' "$caskroom" "$1" "$version" "$source" ;;
         esac
     done
 }

@@ -64,15 +64,12 @@ uninstall_cask() {
     find_version "$caskroom" "$1" || fail "Cask '$1' is not installed."
     lock "$1.cask" "$caskroom/$1"
     say "==> Uninstalling Cask $1"
+    # shellcheck disable=SC2034 # next_artifact reads it
     find_cask "$1" || artifacts=
-    while [ -n "$artifacts" ]; do
-        artifact=${artifacts%%;*}
-        artifacts=${artifacts#"$artifact"}
-        artifacts=${artifacts#;}
-        file=${artifact#*:}
-        case $artifact in
-        app:*) target=/Applications/$file label=App ;;
-        font:*) target=$home/Library/Fonts/$file label=Font ;;
+    while next_artifact; do
+        case $type in
+        app) target=/Applications/$placed label=App ;;
+        font) target=$home/Library/Fonts/$placed label=Font ;;
         *) continue ;;
         esac
         if [ ! -e "$root$target" ]; then
@@ -81,7 +78,7 @@ uninstall_cask() {
             esac
             fail "It seems the $label source '$target' is not there."
         fi
-        say "==> Backing $label '$file' up to '$caskroom/$1/$version/$file'"
+        say "==> Backing $label '$placed' up to '$caskroom/$1/$version/$source'"
         say "==> Removing $label '$target'"
         rm -rf "${root:?}$target" || fail "Permission denied @ apply2files - $target"
     done
