@@ -8,4 +8,9 @@ function(add_project_test name)
   target_link_libraries(${name} PRIVATE TestSupport ${test_USES} ProjectSettings)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+  if(TAVELO_SANITIZE STREQUAL thread)
+    # A test starts threads after it has started processes, which is safe: a child executes another program at once.
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT
+      "TSAN_OPTIONS=die_after_fork=0:suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/thread.supp")
+  endif()
 endfunction()

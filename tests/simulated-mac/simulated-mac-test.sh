@@ -54,9 +54,10 @@ check() {
     fi
 }
 
-# ended STATUS [OUT-PART [ERR-PART]]: how the last call of `on` ended. A part is a pattern; "" asks for silence.
+# ended STATUS [OUT-PART [ERR-PART]]: how the last call of `on` ended; any STATUS is "*". A part is a pattern; "" asks for
+# silence.
 ended() {
-    [ "$status" = "$1" ] || return 1
+    [ "$1" = '*' ] || [ "$status" = "$1" ] || return 1
     if [ $# -gt 1 ]; then
         # shellcheck disable=SC2254 # a pattern is meant
         case $out in $2) ;; *) return 1 ;; esac
@@ -469,6 +470,63 @@ cp "$mac/private/etc/hosts" "$temporary/hosts"
 : >"$mac/private/etc/hosts"
 brew install p7zip
 check 'brew needs the network' ended 1 '' 'curl: (6) Could not resolve host: formulae.brew.sh*Error: *'
+
+# --- A population -----------------------------------------------------------------------------------------------------
+
+make_mac --without-homebrew
+"$simulated/populate" "$mac"
+check 'a population without Homebrew' there /Applications/Astrolabe.app
+make_mac
+mkdir "$temporary/receipts"
+echo genuine >"$temporary/receipts/verified.receipt"
+echo team >"$temporary/receipts/profile.cms"
+"$simulated/populate" "$mac" --receipts "$temporary/receipts" --parallels bad
+cat "$mac/Applications/Store Verified.app/Contents/_MASReceipt/receipt" \
+    "$mac/Applications/Provisioned.app/Contents/embedded.provisionprofile" >"$temporary/out"
+check 'receipts and a profile are copied' same "$(cat "$temporary/out")" 'genuine
+team'
+"$simulated/populate" "$mac" 2>/dev/null
+check 'a Mac is populated once' same $? 1
+for row in 'Astrolabe|0|*TeamIdentifier=ASTRO12345*' 'Brokenseal|1|*' 'Barewood|1|*not signed at all' \
+    'Homespun|0|*Signature=adhoc*' 'Hollow|1|*: bundle format unrecognized, invalid, or unsuitable'; do
+    IFS='|' read -r name valid report <<EOF
+$row
+EOF
+    codesign --verify --strict "/Applications/$name.app"
+    check "$name: codesign --verify" ended "$valid"
+    codesign -dv --verbose=4 "/Applications/$name.app"
+    check "$name: report" ended '*' '' "$report"
+done
+on /usr/sbin/pkgutil --pkgs
+check 'receipts with blanks around them' ended 0 '  vn.leading.blanks*vn.trailing.blanks ?*' ''
+on /usr/sbin/pkgutil --pkg-info vn.leading.blanks
+check 'are found without them' ended 0 '*version: 1.1*' ''
+brew list --versions
+check 'all versions, and none' ended 0 '*two-versions 1.0 1.1
+*
+ghostwriter
+*' ''
+brew leaves
+check 'leaves' ended 0 '*tesseract-lang
+two-versions*' ''
+brew info --json=v2 --installed
+for part in '"license": "Proprietary"' '"license": null' '"license": {"any_of":' \
+    '{"app": \["Build/Name.app", {"target": "Renamed.app"}\]}' '"version": "2.2", "installed": null' \
+    '"installed": "1.9", "outdated": true' '"installed": \[{"version": "1.0"*{"version": "1.1"*"linked_keg": "1.1"'; do
+    check "info: $part" ended 0 "*$part*" ''
+done
+if command -v python3 >/dev/null; then
+    check 'info is JSON still' python3 -c 'import json, sys; json.load(open(sys.argv[1]))' "$temporary/out"
+    check 'a binary property list' same "$(python3 -c 'import plistlib, sys; print(*plistlib.load(open(sys.argv[1], "rb")))' \
+        "$mac$home/Library/Preferences/com.bitwise.Bitwise.plist")" 'LicenseKey Trial_Product.Key AgreementLicenseKey Theme'
+    check 'a text in UTF-16' same "$(python3 -c 'import sys; print(open(sys.argv[1], encoding="utf-16").read().split()[-1])' \
+        "$mac/Applications/Bản địa.app/Contents/Resources/vi.lproj/InfoPlist.strings")" 'lưu.";'
+fi
+brew uninstall --cask renamer
+check 'a renamed application goes' gone /Applications/Renamed.app
+brew install --cask renamer
+check 'and comes' ended 0 "*==> Moving App 'Name.app' to '/Applications/Renamed.app'*"
+check 'to its own place' there /opt/homebrew/Caskroom/renamer/1.4/Renamed.app/Contents/Info.plist
 
 printf '%s passed, %s failed\n' "$passed" "$failed"
 [ "$failed" = 0 ]

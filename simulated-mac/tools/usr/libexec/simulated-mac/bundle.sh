@@ -99,6 +99,13 @@ read_info() {
     [ -n "$info" ]
 }
 
+# write_command FILE FORMULA VERSION: a command of a formula, which says its name and version.
+write_command() {
+    # shellcheck disable=SC2016 # written as it stands
+    printf '#!/bin/sh\n# Stand-in for a command of %s.\n. "${TAVELO_MAC_HOST_ROOT:?is not set}/usr/libexec/simulated-mac/common.sh"\nbegin %s "$@"\necho "%s %s"\n' \
+        "$2" "${1##*/}" "${1##*/}" "$3" >"$1" && chmod 755 "$1"
+}
+
 # write_image FILE FOLDER: a disk image of what FOLDER holds: an archive, closed by the mark that ends a real image.
 write_image() {
     {

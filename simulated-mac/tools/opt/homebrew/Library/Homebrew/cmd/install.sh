@@ -61,9 +61,7 @@ pour() {
         done
     fi
     for tool in $commands; do
-        # shellcheck disable=SC2016 # written as it stands
-        printf '#!/bin/sh\n# Stand-in for a command of %s.\n. "${TAVELO_MAC_HOST_ROOT:?is not set}/usr/libexec/simulated-mac/common.sh"\nbegin %s "$@"\necho "%s %s"\n' \
-            "$1" "$tool" "$tool" "$stable" >"$new/$stable/bin/$tool"
+        write_command "$new/$stable/bin/$tool" "$1" "$stable"
     done
     [ ! -d "$library/payload/$1" ] || cp -Rp "$library/payload/$1/." "$new/$stable/"
     [ -z "$commands" ] || chmod 755 "$new/$stable/bin"/*
