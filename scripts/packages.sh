@@ -3,7 +3,7 @@
 # .ci/run; says what it does on standard error, and nothing when there is nothing to do.
 
 debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libplist-dev libssl-dev zip unzip)
-debian_check_packages=(clang clang-format clang-tidy shellcheck)
+debian_check_packages=(clang clang-format clang-tidy libclang-rt-14-dev shellcheck)
 homebrew_build_packages=(cmake ninja pkg-config qt libplist openssl@3)
 
 # install_packages build|check: installs the packages of that list that are missing.

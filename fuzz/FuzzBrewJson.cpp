@@ -1,0 +1,10 @@
+#include "MacInventoryClassifier.h"
+#include "MacLicenseEvidenceCollector.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
+{
+    const QByteArray bytes(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
+    Tavelo::MacInventoryClassifier::brewLicenses(bytes);
+    Tavelo::MacLicenseEvidenceCollector::homebrewCaskApplications(bytes);
+    return 0;
+}

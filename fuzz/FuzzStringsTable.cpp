@@ -1,0 +1,8 @@
+#include "Bundle.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, size_t size)
+{
+    const QByteArray bytes(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
+    Tavelo::Bundle::stringsTable(bytes);
+    return 0;
+}
