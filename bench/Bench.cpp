@@ -44,12 +44,12 @@ void helpBesideAPrintedLine(const QString &folder, const QStringList &environmen
           helpBudget);
 }
 
-void statusBesideItsTools(const PlatformServices &services, const MacBackend &backend,
-                          const RecordingLauncher &launcher)
+void statusBesideItsTools(const PlatformServices &services, const MacBackend &backend, RecordingLauncher &launcher)
 {
-    launcher.setups.clear();
+    launcher.keepsSetups = true;
     backend.statuses(Catalog::items());
-    const std::vector<ProcessSetup> setups = launcher.setups;
+    launcher.keepsSetups = false;
+    const std::vector<ProcessSetup> setups = std::move(launcher.setups);
     const auto brewRuns = std::count_if(setups.cbegin(), setups.cend(), [](const ProcessSetup &setup) {
         return setup.executable.endsWith(QStringLiteral("/brew"));
     });
@@ -142,16 +142,13 @@ double inventoryBesideABareLoop(int applications, int rounds, bool withMemory)
     const qint64 before = ownMemory("VmRSS:");
     const qsizetype found = backend.installedAdditionalApplications().size();
     const qint64 peak = ownMemory("VmHWM:");
-    const size_t processes = launcher->setups.size();
+    const size_t processes = launcher->runs;
     if (found != applications)
         qFatal("the scan found %d applications", static_cast<int>(found));
     if (withMemory)
         std::printf("%-34s %6.1f MiB above the %.1f MiB before   budget 40 MiB   %s\n", "memory of that scan",
                     static_cast<double>(peak - before) / 1024, static_cast<double>(before) / 1024,
                     peak - before <= 40 * 1024 ? "within" : "OVER");
-    launcher->setups.clear();
-    launcher->setups.shrink_to_fit();
-
     const QStringList floorEnvironment = environment.toStringList();
     const Pair pair = compare([&] { backend.installedAdditionalApplications(); },
                               [&] {

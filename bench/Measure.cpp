@@ -105,7 +105,9 @@ int bareRun(const QString &hostPath, const QStringList &arguments, const QString
 
 ProcessResult RecordingLauncher::run(const ProcessSetup &setup) const
 {
-    setups.push_back(setup);
+    ++runs;
+    if (keepsSetups)
+        setups.push_back(setup);
     return ProcessLauncher::run(setup);
 }
 

@@ -26,7 +26,7 @@ void print(const QString &what, const Pair &pair, double budget);
 /// Starts a program of the host the barest way there is, drops or reads its output, and waits for it. Gives its status.
 int bareRun(const QString &hostPath, const QStringList &arguments, const QStringList &environment, bool readOutput);
 
-/// Real processes, of which it keeps a list.
+/// Real processes, which it counts, and of which it keeps a list where it is asked to.
 class RecordingLauncher : public ProcessLauncher
 {
 public:
@@ -34,7 +34,9 @@ public:
 
     ProcessResult run(const ProcessSetup &setup) const override;
 
+    bool keepsSetups = false;
     mutable std::vector<ProcessSetup> setups;
+    mutable size_t runs = 0;
 };
 
 } // namespace Tavelo::Bench
