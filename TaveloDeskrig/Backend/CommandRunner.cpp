@@ -1,9 +1,9 @@
 #include "CommandRunner.h"
 
 #include "FileManager.h"
+#include "InventoryText.h"
 #include "ProcessLauncher.h"
 #include "SystemFacts.h"
-#include "TextLines.h"
 
 #include <QStringDecoder>
 
@@ -86,7 +86,7 @@ int CommandRunner::runCommand(const QStringList &arguments, const QString &descr
     setup.output = ProcessSetup::Output::merged;
     OutputDecoder decode;
     setup.onOutput = [&](const QByteArray &bytes) {
-        const QStringList lines = nonEmptyLines(decode(bytes));
+        const QStringList lines = linesOf(decode(bytes));
         for (const QString &line : lines)
             m_log.log(line);
     };

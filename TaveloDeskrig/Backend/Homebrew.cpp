@@ -1,7 +1,7 @@
 #include "Homebrew.h"
 
 #include "Endpoints.h"
-#include "TextLines.h"
+#include "InventoryText.h"
 
 #include <algorithm>
 
@@ -80,7 +80,7 @@ Homebrew::Inventory Homebrew::installedBrewInventory() const
         return {};
     const auto listed = [&](const QString &kind) {
         const QStringList names =
-            nonEmptyLines(m_runner.runCapture({*brew, QStringLiteral("list"), kind, QStringLiteral("-1")}));
+            linesOf(m_runner.runCapture({*brew, QStringLiteral("list"), kind, QStringLiteral("-1")}));
         return QSet<QString>(names.cbegin(), names.cend());
     };
     Inventory inventory;

@@ -6,7 +6,7 @@
 #include <QJsonArray>
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 
 using namespace Qt::StringLiterals;
 
@@ -22,49 +22,50 @@ struct Word {
     QStringView text;
 };
 
-constexpr std::array stateWords = {
-    Word{AppLicenseEvidenceState::verifiedReceipt, u"verifiedReceipt"},
-    Word{AppLicenseEvidenceState::receiptIntegrityVerified, u"receiptIntegrityVerified"},
-    Word{AppLicenseEvidenceState::acquisitionReceipt, u"acquisitionReceipt"},
-    Word{AppLicenseEvidenceState::licenseArtifact, u"licenseArtifact"},
-    Word{AppLicenseEvidenceState::accountBased, u"accountBased"},
-    Word{AppLicenseEvidenceState::freeOrOpenSource, u"freeOrOpenSource"},
-    Word{AppLicenseEvidenceState::installationEvidence, u"installationEvidence"},
-    Word{AppLicenseEvidenceState::needsEntitlementReview, u"needsEntitlementReview"},
-    Word{AppLicenseEvidenceState::accessRestricted, u"accessRestricted"},
-    Word{AppLicenseEvidenceState::noEvidence, u"noEvidence"},
-    Word{AppLicenseEvidenceState::explicitUnlicensed, u"explicitUnlicensed"},
+constexpr Word<AppLicenseEvidenceState> stateWords[] = {
+    {AppLicenseEvidenceState::verifiedReceipt, u"verifiedReceipt"},
+    {AppLicenseEvidenceState::receiptIntegrityVerified, u"receiptIntegrityVerified"},
+    {AppLicenseEvidenceState::acquisitionReceipt, u"acquisitionReceipt"},
+    {AppLicenseEvidenceState::licenseArtifact, u"licenseArtifact"},
+    {AppLicenseEvidenceState::accountBased, u"accountBased"},
+    {AppLicenseEvidenceState::freeOrOpenSource, u"freeOrOpenSource"},
+    {AppLicenseEvidenceState::installationEvidence, u"installationEvidence"},
+    {AppLicenseEvidenceState::needsEntitlementReview, u"needsEntitlementReview"},
+    {AppLicenseEvidenceState::accessRestricted, u"accessRestricted"},
+    {AppLicenseEvidenceState::noEvidence, u"noEvidence"},
+    {AppLicenseEvidenceState::explicitUnlicensed, u"explicitUnlicensed"},
 };
 
-constexpr std::array confidenceWords = {
-    Word{LicenseEvidenceConfidence::verified, u"verified"},
-    Word{LicenseEvidenceConfidence::strong, u"strong"},
-    Word{LicenseEvidenceConfidence::indicative, u"indicative"},
-    Word{LicenseEvidenceConfidence::informational, u"informational"},
-    Word{LicenseEvidenceConfidence::none, u"none"},
+constexpr Word<LicenseEvidenceConfidence> confidenceWords[] = {
+    {LicenseEvidenceConfidence::verified, u"verified"},
+    {LicenseEvidenceConfidence::strong, u"strong"},
+    {LicenseEvidenceConfidence::indicative, u"indicative"},
+    {LicenseEvidenceConfidence::informational, u"informational"},
+    {LicenseEvidenceConfidence::none, u"none"},
 };
 
-constexpr std::array verificationWords = {
-    Word{LicenseEvidenceVerification::verified, u"verified"},
-    Word{LicenseEvidenceVerification::structurallyValid, u"structurallyValid"},
-    Word{LicenseEvidenceVerification::detected, u"detected"},
-    Word{LicenseEvidenceVerification::notVerified, u"notVerified"},
-    Word{LicenseEvidenceVerification::inaccessible, u"inaccessible"},
-    Word{LicenseEvidenceVerification::failed, u"failed"},
+constexpr Word<LicenseEvidenceVerification> verificationWords[] = {
+    {LicenseEvidenceVerification::verified, u"verified"},
+    {LicenseEvidenceVerification::structurallyValid, u"structurallyValid"},
+    {LicenseEvidenceVerification::detected, u"detected"},
+    {LicenseEvidenceVerification::notVerified, u"notVerified"},
+    {LicenseEvidenceVerification::inaccessible, u"inaccessible"},
+    {LicenseEvidenceVerification::failed, u"failed"},
 };
 
-template <typename Words, typename Value>
-QString textOf(const Words &words, Value value)
+template <typename Value, size_t Count>
+QString textOf(const Word<Value> (&words)[Count], Value value)
 {
-    const auto found = std::find_if(words.begin(), words.end(), [&](const auto &word) { return word.value == value; });
-    Q_ASSERT(found != words.end());
+    const auto found =
+        std::find_if(std::begin(words), std::end(words), [&](const auto &word) { return word.value == value; });
+    Q_ASSERT(found != std::end(words));
     return found->text.toString();
 }
 
-template <typename Words>
-auto valueOf(const Words &words, QStringView text) -> std::optional<decltype(words.front().value)>
+template <typename Value, size_t Count>
+std::optional<Value> valueOf(const Word<Value> (&words)[Count], QStringView text)
 {
-    for (const auto &word : words) {
+    for (const Word<Value> &word : words) {
         if (word.text == text)
             return word.value;
     }
@@ -77,7 +78,7 @@ std::optional<QList<LicenseEvidenceSignal>> signalList(const QJsonValue &value)
         return std::nullopt;
     QList<LicenseEvidenceSignal> list;
     const QJsonArray array = value.toArray();
-    for (const QJsonValue &element : array) {
+    for (const QJsonValue element : array) {
         const std::optional<LicenseEvidenceSignal> signal = licenseEvidenceSignal(element.toObject());
         if (!signal)
             return std::nullopt;

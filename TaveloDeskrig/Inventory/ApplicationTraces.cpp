@@ -3,9 +3,9 @@
 #include "MacLicenseEvidenceCollector.h"
 
 #include "FileManager.h"
+#include "InventoryText.h"
 #include "LicenseEvidenceSignals.h"
 #include "PropertyList.h"
-#include "ScanCandidates.h"
 
 #include <QSet>
 

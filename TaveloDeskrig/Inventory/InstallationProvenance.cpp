@@ -52,7 +52,7 @@ QStringList tokens(const QString &text)
 QStringList appNames(const QJsonArray &artifacts)
 {
     QStringList names;
-    for (const QJsonValue &artifact : artifacts) {
+    for (const QJsonValue artifact : artifacts) {
         const QString path = artifact["app"_L1][0].toString();
         const QStringList components = path.split(u'/', Qt::SkipEmptyParts);
         if (!components.isEmpty())
@@ -67,7 +67,7 @@ QHash<QString, HomebrewCaskApplication> homebrewCaskApplications(const QByteArra
 {
     QHash<QString, HomebrewCaskApplication> applications;
     const QJsonArray casks = QJsonDocument::fromJson(json).object().value("casks"_L1).toArray();
-    for (const QJsonValue &cask : casks) {
+    for (const QJsonValue cask : casks) {
         const QJsonValue token = cask["token"_L1];
         if (!token.isString())
             continue;

@@ -38,7 +38,7 @@ AuditEvidenceState InstalledMacApplication::auditEvidenceState() const
 
 QString InstalledMacApplication::resolvedDeveloperName() const
 {
-    const QString known = developerName.value_or(QString()).trimmed();
+    QString known = developerName.value_or(QString()).trimmed();
     if (!known.isEmpty() && known != unknownSignatureText && !known.startsWith("Team "_L1))
         return known;
     if (!teamIdentifier.isEmpty() && teamIdentifier != unknownSignatureText && teamIdentifier != "not set"_L1)

@@ -1,6 +1,7 @@
 #include "InventoryScan.h"
 
 #include "FileManager.h"
+#include "InventoryText.h"
 #include "MacInventoryClassifier.h"
 #include "MacLicenseEvidenceCollector.h"
 #include "PropertyList.h"
@@ -19,9 +20,7 @@ namespace
 {
 
 const QString unknown = QStringLiteral("unknown");
-const QString dash = QStringLiteral("—");
-const QString formulaSource = QStringLiteral("Homebrew formula");
-const QString receiptSource = QStringLiteral("installer receipt");
+const QString dash = unknownSignatureText.toString();
 
 /// What Homebrew knows.
 struct HomebrewTables {
@@ -125,7 +124,7 @@ private:
         QStringList receipts;
         QSet<QString> seen;
         const QStringList lines =
-            m_tools.runCapture({QStringLiteral("/usr/sbin/pkgutil"), QStringLiteral("--pkgs")}).split(u'\n');
+            linesOf(m_tools.runCapture({QStringLiteral("/usr/sbin/pkgutil"), QStringLiteral("--pkgs")}));
         for (const QString &line : lines) {
             if (m_isCancelled())
                 return std::nullopt;
@@ -218,21 +217,21 @@ private:
         return {.name = version.name,
                 .version = version.version,
                 .identifier = identifier,
-                .source = formulaSource,
-                .signatureStatus = QStringLiteral("not-applicable"),
+                .source = InventorySource::homebrewFormula.toString(),
+                .signatureStatus = SignatureStatus::notApplicable.toString(),
                 .teamIdentifier = dash,
                 .signingIdentifier = dash,
-                .developerName = MacInventoryClassifier::inferredDeveloperName(version.name, identifier, formulaSource),
+                .developerName = MacInventoryClassifier::inferredDeveloperName(
+                    version.name, identifier, InventorySource::homebrewFormula.toString()),
                 .licenseEvidence = MacInventoryClassifier::licenseEvidence(
-                    formulaSource, std::nullopt, false,
+                    InventorySource::homebrewFormula.toString(), std::nullopt, false,
                     license == homebrew.licenses.constEnd() ? std::nullopt : std::optional(*license))};
     }
 
     InstalledMacApplication receipt(const QString &identifier) const
     {
-        const QStringList lines =
-            m_tools.runCapture({QStringLiteral("/usr/sbin/pkgutil"), QStringLiteral("--pkg-info"), identifier})
-                .split(u'\n');
+        const QStringList lines = linesOf(
+            m_tools.runCapture({QStringLiteral("/usr/sbin/pkgutil"), QStringLiteral("--pkg-info"), identifier}));
         const QString prefix = QStringLiteral("version: ");
         const auto line =
             std::find_if(lines.cbegin(), lines.cend(), [&](const QString &each) { return each.startsWith(prefix); });
@@ -240,13 +239,14 @@ private:
         return {.name = shown,
                 .version = line == lines.cend() ? unknown : withoutControls(line->mid(prefix.size()).trimmed()),
                 .identifier = shown,
-                .source = receiptSource,
-                .signatureStatus = QStringLiteral("receipt-only"),
+                .source = InventorySource::installerReceipt.toString(),
+                .signatureStatus = SignatureStatus::receiptOnly.toString(),
                 .teamIdentifier = dash,
                 .signingIdentifier = dash,
-                .developerName = MacInventoryClassifier::inferredDeveloperName(identifier, identifier, receiptSource),
-                .licenseEvidence =
-                    MacInventoryClassifier::licenseEvidence(receiptSource, std::nullopt, false, std::nullopt)};
+                .developerName = MacInventoryClassifier::inferredDeveloperName(
+                    identifier, identifier, InventorySource::installerReceipt.toString()),
+                .licenseEvidence = MacInventoryClassifier::licenseEvidence(InventorySource::installerReceipt.toString(),
+                                                                           std::nullopt, false, std::nullopt)};
     }
 
     template <class Sources, class AddOne>

@@ -12,6 +12,12 @@ QStringList linesOf(const QString &text)
     return text.split(newline, Qt::SkipEmptyParts);
 }
 
+QString withoutControls(const QString &text)
+{
+    static const QRegularExpression controls(QStringLiteral("[\\p{Cc}\\p{Zl}\\p{Zp}]+"));
+    return QString(text).replace(controls, QStringLiteral(" "));
+}
+
 qsizetype characterCount(const QString &text)
 {
     QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text);

@@ -71,7 +71,7 @@ QHash<QString, QString> brewLicenses(const QByteArray &json)
 {
     QHash<QString, QString> licenses;
     const QJsonArray formulas = QJsonDocument::fromJson(json).object().value("formulae"_L1).toArray();
-    for (const QJsonValue &formula : formulas) {
+    for (const QJsonValue formula : formulas) {
         const QJsonValue name = formula["name"_L1];
         const std::optional<QString> license = licenseText(formula["license"_L1]);
         if (name.isString() && license)

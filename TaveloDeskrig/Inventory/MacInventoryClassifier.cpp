@@ -115,11 +115,11 @@ SignatureFields signatureFields(const QString &report, bool verified)
 QString developerName(const QString &signatureOutput, const std::optional<QString> &provisioningTeamName,
                       const std::optional<QString> &copyright, const QString &teamIdentifier)
 {
-    if (const QString authority = authorityName(signatureOutput); !authority.isEmpty())
+    if (QString authority = authorityName(signatureOutput); !authority.isEmpty())
         return authority;
-    if (const QString team = provisioningTeamName.value_or(QString()).trimmed(); !team.isEmpty())
+    if (QString team = provisioningTeamName.value_or(QString()).trimmed(); !team.isEmpty())
         return team;
-    if (const QString holder = copyrightHolder(copyright.value_or(QString())); !holder.isEmpty())
+    if (QString holder = copyrightHolder(copyright.value_or(QString())); !holder.isEmpty())
         return holder;
     const QString team = teamIdentifier.trimmed();
     return team.isEmpty() || team == dash || team == "not set"_L1 ? dash : "Team "_L1 + team;

@@ -1,8 +1,8 @@
 #include "MacLicenseEvidenceCollector.h"
 
+#include "InventoryText.h"
 #include "MacAppStoreReceiptInspector.h"
 #include "MacInventoryClassifier.h"
-#include "ScanCandidates.h"
 
 #include <QSet>
 
@@ -124,7 +124,7 @@ AppLicenseEvidence conclusion(const Request &request, const Findings &findings)
             u"App-scoped account metadata was detected. The vendor's online subscription or commercial entitlement was not queried."_s,
             Confidence::indicative};
     }
-    const AppLicenseEvidence policy =
+    AppLicenseEvidence policy =
         MacInventoryClassifier::licenseEvidence(request.source, request.bundleIdentifier, false, std::nullopt);
     if (policy.state != State::noEvidence)
         return policy;

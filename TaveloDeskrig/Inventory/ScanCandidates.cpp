@@ -2,10 +2,11 @@
 
 #include "Bundle.h"
 #include "FileManager.h"
+#include "InstalledMacApplication.h"
+#include "InventoryText.h"
 #include "MacInventoryClassifier.h"
 
 #include <QHash>
-#include <QRegularExpression>
 #include <QVariant>
 
 namespace Tavelo
@@ -13,9 +14,6 @@ namespace Tavelo
 
 namespace
 {
-
-const QString storeSource = QStringLiteral("Mac App Store");
-const QString userSource = QStringLiteral("user Applications");
 
 std::optional<QString> text(const QVariantMap &dictionary, const QString &key)
 {
@@ -51,16 +49,18 @@ ScanCandidate candidate(const FileManager &files, const FolderEntry &entry, cons
         found.copyright = withoutControls(*copyright);
     found.hasAppStoreReceipt = files.exists(entry.path + QStringLiteral("/Contents/_MASReceipt/receipt"));
     if (found.hasAppStoreReceipt)
-        found.source = storeSource;
+        found.source = InventorySource::macAppStore.toString();
     else
-        found.source = entry.path.startsWith(homeDirectory) ? userSource : QStringLiteral("/Applications");
+        found.source =
+            (entry.path.startsWith(homeDirectory) ? InventorySource::userApplications : InventorySource::applications)
+                .toString();
     return found;
 }
 
 bool isBetter(const ScanCandidate &candidate, const ScanCandidate &kept)
 {
     return (!kept.hasAppStoreReceipt && candidate.hasAppStoreReceipt) ||
-           (kept.source == userSource && candidate.source != userSource);
+           (kept.source == InventorySource::userApplications && candidate.source != InventorySource::userApplications);
 }
 
 } // namespace
@@ -100,12 +100,6 @@ std::optional<QList<ScanCandidate>> scanCandidates(const FileManager &files, con
             return std::nullopt;
     }
     return candidates;
-}
-
-QString withoutControls(const QString &text)
-{
-    static const QRegularExpression controls(QStringLiteral("[\\p{Cc}\\p{Zl}\\p{Zp}]+"));
-    return QString(text).replace(controls, QStringLiteral(" "));
 }
 
 } // namespace Tavelo

@@ -28,8 +28,4 @@ struct ScanCandidate {
 std::optional<QList<ScanCandidate>> scanCandidates(const FileManager &files, const QString &homeDirectory,
                                                    const std::function<bool()> &isCancelled);
 
-/// The text without control characters and line separators, each run of them becoming one blank, so that no bundle can
-/// forge a line of a report.
-QString withoutControls(const QString &text);
-
 } // namespace Tavelo

@@ -47,7 +47,7 @@ class FileManager
 {
 public:
     /// The largest file that is read as a whole, in bytes. Nothing that the program reads comes near it.
-    static constexpr qint64 maximumFileSize = 256 * 1024 * 1024;
+    static constexpr qint64 maximumFileSize = qint64(256) * 1024 * 1024;
 
     explicit FileManager(HostRoot root = {});
     virtual ~FileManager();

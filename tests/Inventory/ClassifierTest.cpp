@@ -37,6 +37,7 @@ private Q_SLOTS:
     {
         columns<QString, QString, bool>("path", "identifier", "system");
         row("system folder", "/System/Applications/Chess.app", "", true);
+        row("system itself", "/System", "", true);
         row("named like it", "/Systems/Chess.app", "com.apple.Chess", false);
         row("Apple's library", "/Library/Apple/System/Library/X.app", "x", true);
         row("link into the system", "/Applications/Linked.app", "org.example.linked", true);

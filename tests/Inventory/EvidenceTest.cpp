@@ -90,6 +90,8 @@ private Q_SLOTS:
             "homebrew-cask installer-receipt");
         row("policy before provenance", "us.zoom.xos", "", "cask",
             "accountBased account-based-app-policy informational", "homebrew-cask");
+        row("free by policy", "org.gimp.gimp", "", "pkg", "freeOrOpenSource key-free-app-policy informational",
+            "installer-receipt");
         row("key before policy", "org.gimp.gimp", "~/Preferences/org.gimp.gimp.plist=key", "",
             "needsEntitlementReview app-preferences indicative", "app-preferences");
         row("key before account", "TeamViewer", withKey("~/Application Support/TeamViewer/").constData(), "",
@@ -337,6 +339,7 @@ private Q_SLOTS:
         row("a word of either", "Widget", "org.example.x", "z.WIDGET.core a.example a.b", "a.example z.WIDGET.core");
         row("stop words and short ones", "Mac Desktop App", "com.foo.macos", "com.foo.desktop com.macos.mac", "");
         row("numbers", "Tool 2019", "x", "org.2019", "org.2019");
+        row("three accented letters", "x\u0323yz", "x", "vn.x\u0323yz", "");
         row("whole words only", "Widget", "x", "org.widgets", "");
         row("accents, however written", "T\u01b0\u0300 điê\u0309n", "x", "vn.tu.dien vn.ĐIỂN", "vn.ĐIỂN");
     }
