@@ -1,157 +1,100 @@
 // What a vendor download can meet, driven through the tools of a simulated Mac: each refusal has its words, leaves what
 // was there and leaves nothing behind.
 
-#include "Catalog.h"
-#include "MacBackend.h"
-#include "MainQueue.h"
 #include "ProgramOnAMac.h"
-#include "TemporaryMac.h"
+#include "Row.h"
+#include "Workshop.h"
 
 #include <QDir>
-#include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace Tavelo;
 
 namespace
 {
 
-const QString downloadAddress =
-    QStringLiteral("https://download.mozilla.org/?product=thunderbird-latest-ssl&os=osx&lang=en-US");
-const QString applicationPath = QStringLiteral("/Applications/Thunderbird.app");
+const QString applicationPath = u"/Applications/Thunderbird.app"_s;
 
-AppItem thunderbird()
+/// The arguments that put a copy of Thunderbird by this team there.
+QStringList copyBy(const QString &team, const QString &path = applicationPath)
 {
-    for (const AppItem &item : Catalog::items()) {
-        if (item.id == u"thunderbird")
-            return item;
-    }
-    return {};
+    return {u"Thunderbird"_s, u"--path"_s, path, u"--identifier"_s, u"org.mozilla.thunderbird"_s, u"--team"_s, team};
 }
 
-/// One program of `simulated-mac/` with its arguments.
-struct Furnishing {
-    QString tool;
-    QStringList arguments;
-};
-using Furnishings = QList<Furnishing>;
-
 } // namespace
-Q_DECLARE_METATYPE(Furnishings)
 
 class VendorDownloadTest : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void meets_data();
-    void meets();
-    void removesOnlyTheGenuineCopy();
+    void meets_data()
+    {
+        // tool: one program of `simulated-mac/`, run beforehand; line: of the log, among others
+        columns<QString, QStringList, bool, QString>("tool", "arguments", "installs", "line");
+        const auto broken = [](const char *name, const QString &line, bool installs, const char *told) {
+            row(name, u"break-tool"_s, line.split(u' '), installs, told);
+        };
+        const char *installed = "Đã cài trực tiếp Thunderbird: /Applications/Thunderbird.app";
+        row("all is well", "", QStringList(), true, installed);
+        row("redirected elsewhere", "set-download",
+            QStringList{u"https://download.mozilla.org/?product=thunderbird-latest-ssl&os=osx&lang=en-US"_s,
+                        u"--redirect"_s, u"https://telegram.org/dl/desktop/mac"_s},
+            false, "Download thất bại hoặc redirect ra ngoài allowlist của Thunderbird.");
+        broken("damaged image", u"curl --damage"_s, false, "Hoàn tất: hdiutil attach Thunderbird.dmg (exit 1)");
+        broken("Gatekeeper's no", u"spctl --status 3"_s, false,
+               "Bundle tải về không đạt bundle ID, Team ID, designated requirement hoặc Gatekeeper policy.");
+        broken("damaged copy", u"ditto --damage"_s, false,
+               "App sau khi copy không đạt policy chữ ký; xoá bản copy không hoàn chỉnh.");
+        broken("detaching fails", u"hdiutil --when detach --status 16"_s, true, installed);
+        row("another team's copy in place", "add-app", copyBy(u"EVIL123456"_s), false,
+            "App đã tồn tại nhưng không đạt policy chữ ký kỳ vọng; không ghi đè.");
+    }
+
+    void meets()
+    {
+        QFETCH(QString, tool);
+        QFETCH(QStringList, arguments);
+        QFETCH(bool, installs);
+        QFETCH(QString, line);
+        const ProgramOnAMac mac;
+        if (!tool.isEmpty())
+            mac.furnish(tool, arguments);
+        const QString information = applicationPath + u"/Contents/Info.plist"_s;
+        const QByteArray before = mac.contents(information);
+
+        Workshop shop(mac.services());
+        const AppItem thunderbird = catalogItem(u"thunderbird"_s);
+        const bool result = shop.backend.install(thunderbird);
+        const QStringList texts = shop.texts();
+        QVERIFY2(texts.contains(line), qPrintable(texts.join(u'\n')));
+        QCOMPARE(result, installs);
+        QCOMPARE(shop.backend.status(thunderbird), installs ? InstallStatus::installed : InstallStatus::missing);
+        QCOMPARE(mac.exists(applicationPath), installs || !before.isEmpty());
+        if (!before.isEmpty())
+            QCOMPARE(mac.contents(information), before);
+
+        const QString cache = mac.hostPath(u"/Users/technician/Library/Caches/tavelo-deskrig/"_s);
+        const auto everything = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
+        QCOMPARE(QDir(cache + u"mounts"_s).entryList(everything), QStringList());
+        QCOMPARE(QDir(cache + u"downloads"_s).entryList(everything),
+                 line.startsWith(u"Download") ? QStringList() : QStringList(u"Thunderbird.dmg"_s));
+    }
+
+    void removesOnlyTheGenuineCopy()
+    {
+        const ProgramOnAMac mac;
+        const QString own = u"/Users/technician/Applications/Thunderbird.app"_s;
+        mac.furnish(u"add-app"_s, copyBy(u"EVIL123456"_s));
+        mac.furnish(u"add-app"_s, copyBy(u"43AQ936H96"_s, own));
+        Workshop shop(mac.services());
+        QVERIFY(!shop.backend.uninstall(catalogItem(u"thunderbird"_s)));
+        QVERIFY(mac.exists(applicationPath));
+        QVERIFY(!mac.exists(own));
+        QVERIFY(shop.texts().contains(
+            u"Từ chối xoá /Applications/Thunderbird.app: bundle ID hoặc chữ ký không khớp manifest Thunderbird."_s));
+    }
 };
-
-void VendorDownloadTest::meets_data()
-{
-    QTest::addColumn<Furnishings>("furnishings");
-    QTest::addColumn<bool>("installs");
-    QTest::addColumn<QString>("line"); // of the log, among others
-
-    const QString elsewhere = QStringLiteral("Download thất bại hoặc redirect ra ngoài allowlist của Thunderbird.");
-    const QString refused =
-        QStringLiteral("Bundle tải về không đạt bundle ID, Team ID, designated requirement hoặc Gatekeeper policy.");
-    const QString installed = QStringLiteral("Đã cài trực tiếp Thunderbird: /Applications/Thunderbird.app");
-    const QString foreign = QStringLiteral("App đã tồn tại nhưng không đạt policy chữ ký kỳ vọng; không ghi đè.");
-    const auto breaks = [](const QString &line) { return Furnishing{QStringLiteral("break-tool"), line.split(u' ')}; };
-    const auto image = [](const QStringList &arguments) {
-        return Furnishing{QStringLiteral("set-download"), QStringList(downloadAddress) + arguments};
-    };
-    const auto app = [](const QString &identifier, const QString &team, const QString &more = {}) {
-        return Furnishing{QStringLiteral("add-app"),
-                          QStringList{QStringLiteral("Thunderbird"), QStringLiteral("--identifier"), identifier,
-                                      QStringLiteral("--team"), team} +
-                              more.split(u' ', Qt::SkipEmptyParts)};
-    };
-    const QString genuineID = QStringLiteral("org.mozilla.thunderbird");
-    const QString genuineTeam = QStringLiteral("43AQ936H96");
-
-    QTest::newRow("all is well") << Furnishings{} << true << installed;
-    QTest::newRow("redirected elsewhere")
-        << Furnishings{image({QStringLiteral("--redirect"), QStringLiteral("https://telegram.org/dl/desktop/mac")})}
-        << false << elsewhere;
-    QTest::newRow("redirected to plain HTTP")
-        << Furnishings{image({QStringLiteral("--redirect"), QStringLiteral("http://download.mozilla.org/x")})} << false
-        << elsewhere;
-    QTest::newRow("not found") << Furnishings{image({QStringLiteral("--status"), QStringLiteral("404")})} << false
-                               << elsewhere;
-    QTest::newRow("a damaged image") << Furnishings{breaks(QStringLiteral("curl --damage"))} << false
-                                     << QStringLiteral("Hoàn tất: hdiutil attach Thunderbird.dmg (exit 1)");
-    QTest::newRow("Gatekeeper says no") << Furnishings{breaks(QStringLiteral("spctl --status 3"))} << false << refused;
-    QTest::newRow("the copy is damaged")
-        << Furnishings{breaks(QStringLiteral("ditto --damage"))} << false
-        << QStringLiteral("App sau khi copy không đạt policy chữ ký; xoá bản copy không hoàn chỉnh.");
-    QTest::newRow("detaching fails") << Furnishings{breaks(QStringLiteral("hdiutil --when detach --status 16"))} << true
-                                     << installed;
-    QTest::newRow("a genuine copy is there")
-        << Furnishings{app(genuineID, genuineTeam)} << true
-        << QStringLiteral("Thunderbird.app đã tồn tại tại /Applications/Thunderbird.app.");
-    QTest::newRow("another team's copy is there")
-        << Furnishings{app(genuineID, QStringLiteral("EVIL123456"))} << false << foreign;
-    QTest::newRow("a copy with another identifier is there")
-        << Furnishings{app(QStringLiteral("org.example.other"), genuineTeam)} << false << foreign;
-    QTest::newRow("an unsigned copy is there")
-        << Furnishings{app(genuineID, genuineTeam, QStringLiteral("--signature unsigned"))} << false << foreign;
-}
-
-void VendorDownloadTest::meets()
-{
-    QFETCH(Furnishings, furnishings);
-    QFETCH(bool, installs);
-    QFETCH(QString, line);
-    const ProgramOnAMac mac;
-    for (const Furnishing &each : furnishings)
-        mac.furnish(each.tool, each.arguments);
-    const QByteArray before = mac.contents(applicationPath + QStringLiteral("/Contents/Info.plist"));
-
-    const PlatformServices services = mac.services();
-    Recorder recorder;
-    const MacBackend backend(services, recorder.uiLog(), recorder.uiProgress());
-    const bool result = backend.install(thunderbird());
-    services.mainQueue->service();
-    QVERIFY2(recorder.texts().contains(line), qPrintable(recorder.texts().join(u'\n')));
-    QCOMPARE(result, installs);
-    QCOMPARE(backend.status(thunderbird()), installs ? InstallStatus::installed : InstallStatus::missing);
-
-    if (!before.isEmpty())
-        QCOMPARE(mac.contents(applicationPath + QStringLiteral("/Contents/Info.plist")), before);
-    else
-        QCOMPARE(mac.exists(applicationPath), installs);
-    const QString cache = mac.hostPath(QStringLiteral("/Users/technician/Library/Caches/tavelo-deskrig/"));
-    const auto everything = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
-    QCOMPARE(QDir(cache + QStringLiteral("mounts")).entryList(everything), QStringList());
-    const bool refusedDownload = line.startsWith(QStringLiteral("Download thất bại"));
-    QCOMPARE(QDir(cache + QStringLiteral("downloads")).entryList(everything),
-             refusedDownload ? QStringList() : QStringList(QStringLiteral("Thunderbird.dmg")));
-}
-
-void VendorDownloadTest::removesOnlyTheGenuineCopy()
-{
-    const ProgramOnAMac mac;
-    mac.furnish(QStringLiteral("add-app"),
-                {QStringLiteral("Thunderbird"), QStringLiteral("--identifier"),
-                 QStringLiteral("org.mozilla.thunderbird"), QStringLiteral("--team"), QStringLiteral("EVIL123456")});
-    const QString own = QStringLiteral("/Users/technician/Applications/Thunderbird.app");
-    mac.furnish(QStringLiteral("add-app"),
-                {QStringLiteral("Thunderbird"), QStringLiteral("--path"), own, QStringLiteral("--identifier"),
-                 QStringLiteral("org.mozilla.thunderbird"), QStringLiteral("--team"), QStringLiteral("43AQ936H96")});
-    const PlatformServices services = mac.services();
-    Recorder recorder;
-    const MacBackend backend(services, recorder.uiLog(), recorder.uiProgress());
-    QCOMPARE(backend.status(thunderbird()), InstallStatus::installed);
-    QVERIFY(!backend.uninstall(thunderbird()));
-    QVERIFY(mac.exists(applicationPath));
-    QVERIFY(!mac.exists(own));
-    services.mainQueue->service();
-    QVERIFY(recorder.texts().contains(QStringLiteral(
-        "Từ chối xoá /Applications/Thunderbird.app: bundle ID hoặc chữ ký không khớp manifest Thunderbird.")));
-}
 
 QTEST_GUILESS_MAIN(VendorDownloadTest)
 #include "VendorDownloadTest.moc"
