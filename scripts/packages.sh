@@ -2,7 +2,7 @@
 # What the project needs from outside, and the one way to install what is missing. Sourced by run, test, bench/run and
 # .ci/run; says what it does on standard error, and nothing when there is nothing to do.
 
-debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libplist-dev libssl-dev zip unzip)
+debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libplist-dev libssl-dev openssl zip unzip)
 debian_check_packages=(clang clang-format clang-tidy libclang-rt-14-dev shellcheck)
 homebrew_build_packages=(cmake ninja pkg-config qt libplist openssl@3)
 

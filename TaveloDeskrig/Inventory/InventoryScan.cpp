@@ -42,6 +42,27 @@ bool isOnlyFallback(const QString &developer)
     return developer == dash || developer.startsWith(u"Team ");
 }
 
+/// True for a report as `codesign` writes it of a bundle: its path, its identifier and its format come first, and no
+/// field is there twice. A path, an executable's name or an identifier with a line break in it would add lines of its
+/// own.
+bool isWholeReport(const QString &report)
+{
+    const QStringList lines = report.split(u'\n');
+    const QStringList first = {QStringLiteral("Executable="), QStringLiteral("Identifier="), QStringLiteral("Format=")};
+    for (qsizetype index = 0; index < first.size(); ++index) {
+        if (!lines.value(index).startsWith(first.at(index)))
+            return false;
+    }
+    const QStringList fields = first + QStringList{QStringLiteral("Signature="), QStringLiteral("TeamIdentifier=")};
+    const QStringList allLines = linesOf(report);
+    if (allLines.size() != report.split(u'\n', Qt::SkipEmptyParts).size())
+        return false; // a line separator of another kind
+    return std::all_of(fields.cbegin(), fields.cend(), [&](const QString &field) {
+        return std::count_if(allLines.cbegin(), allLines.cend(),
+                             [&](const QString &line) { return line.startsWith(field); }) <= 1;
+    });
+}
+
 QString lastComponent(const QString &path)
 {
     return path.section(u'/', -1);
@@ -188,9 +209,16 @@ private:
             m_tools.runCaptureCombined({codesign, QStringLiteral("-dv"), QStringLiteral("--verbose=4"), path});
         const bool verified =
             m_tools.runQuiet({codesign, QStringLiteral("--verify"), QStringLiteral("--strict"), path}) == 0;
-        const auto [status, team, identifier] = MacInventoryClassifier::signatureFields(report, verified);
+        auto [status, team, identifier] = MacInventoryClassifier::signatureFields(report, verified);
+        QString usableReport = report;
+        if (!isWholeReport(report)) {
+            // What the bundle slipped in cannot be told from what the tool says, so that nothing of it counts.
+            status = MacInventoryClassifier::signatureFields(report, false).status;
+            team = identifier = dash;
+            usableReport.clear();
+        }
         const QString developer =
-            MacInventoryClassifier::developerName(report, provisioningTeamName(path), copyright, team);
+            MacInventoryClassifier::developerName(usableReport, provisioningTeamName(path), copyright, team);
         return {status, withoutControls(team), withoutControls(identifier), withoutControls(developer)};
     }
 
@@ -212,17 +240,18 @@ private:
     static InstalledMacApplication formula(const MacInventoryClassifier::BrewVersion &version,
                                            const HomebrewTables &homebrew)
     {
-        const QString identifier = QStringLiteral("homebrew.formula.") + version.name;
+        const QString name = withoutControls(version.name);
+        const QString identifier = QStringLiteral("homebrew.formula.") + name;
         const auto license = homebrew.licenses.constFind(version.name);
-        return {.name = version.name,
-                .version = version.version,
+        return {.name = name,
+                .version = withoutControls(version.version),
                 .identifier = identifier,
                 .source = InventorySource::homebrewFormula.toString(),
                 .signatureStatus = SignatureStatus::notApplicable.toString(),
                 .teamIdentifier = dash,
                 .signingIdentifier = dash,
                 .developerName = MacInventoryClassifier::inferredDeveloperName(
-                    version.name, identifier, InventorySource::homebrewFormula.toString()),
+                    name, identifier, InventorySource::homebrewFormula.toString()),
                 .licenseEvidence = MacInventoryClassifier::licenseEvidence(
                     InventorySource::homebrewFormula.toString(), std::nullopt, false,
                     license == homebrew.licenses.constEnd() ? std::nullopt : std::optional(*license))};
@@ -244,7 +273,7 @@ private:
                 .teamIdentifier = dash,
                 .signingIdentifier = dash,
                 .developerName = MacInventoryClassifier::inferredDeveloperName(
-                    identifier, identifier, InventorySource::installerReceipt.toString()),
+                    shown, shown, InventorySource::installerReceipt.toString()),
                 .licenseEvidence = MacInventoryClassifier::licenseEvidence(InventorySource::installerReceipt.toString(),
                                                                            std::nullopt, false, std::nullopt)};
     }

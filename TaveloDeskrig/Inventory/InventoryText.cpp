@@ -14,8 +14,25 @@ QStringList linesOf(const QString &text)
 
 QString withoutControls(const QString &text)
 {
-    static const QRegularExpression controls(QStringLiteral("[\\p{Cc}\\p{Zl}\\p{Zp}]+"));
-    return QString(text).replace(controls, QStringLiteral(" "));
+    const auto isControl = [](char32_t character) {
+        const QChar::Category category = QChar::category(character);
+        return category == QChar::Other_Control || category == QChar::Separator_Line ||
+               category == QChar::Separator_Paragraph;
+    };
+    // Character by character: an expression would leave a text alone that holds half of a surrogate pair.
+    QString result;
+    bool inRun = false;
+    const QList<uint> characters = text.toUcs4();
+    for (const char32_t character : characters) {
+        const bool control = isControl(character);
+        if (!control)
+            result +=
+                QChar::fromUcs4(QChar::isSurrogate(character) ? char32_t(QChar::ReplacementCharacter) : character);
+        else if (!inRun)
+            result += u' ';
+        inRun = control;
+    }
+    return result;
 }
 
 qsizetype characterCount(const QString &text)

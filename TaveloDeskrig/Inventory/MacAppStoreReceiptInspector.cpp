@@ -20,6 +20,9 @@ constexpr quint8 utf8StringTag = 12;
 constexpr int creationDateType = 12;
 constexpr quint8 ia5StringTag = 22;
 
+/// In bytes. Genuine receipts have a few thousand, those with many in-app purchases some hundred thousand.
+constexpr qint64 largestReceipt = 4 * 1024 * 1024;
+
 MacAppStoreReceiptStatus invalid(const QString &reason)
 {
     return {.kind = Kind::invalid, .bundleIdentifier = {}, .reason = reason};
@@ -48,6 +51,8 @@ MacAppStoreReceiptStatus inspect(const QString &receiptPath, const QString &expe
     if (!files.isReadable(receiptPath))
         return inaccessible(
             QStringLiteral("The Mac App Store receipt exists but cannot be read with the current permissions."));
+    if (files.size(receiptPath) > largestReceipt)
+        return invalid(QStringLiteral("The receipt is not a valid CMS message."));
     const std::optional<QByteArray> bytes = files.contents(receiptPath);
     if (!bytes)
         return inaccessible(

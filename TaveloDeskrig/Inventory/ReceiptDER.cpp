@@ -35,7 +35,8 @@ quint64 bigEndian(const QByteArray &bytes, const Node &node)
 
 std::optional<QString> utf8Text(const QByteArray &bytes)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QStringDecoder decoder(QStringDecoder::Utf8,
+                           QStringDecoder::Flag::Stateless | QStringDecoder::Flag::ConvertInitialBom);
     QString text = decoder(bytes);
     return decoder.hasError() ? std::nullopt : std::optional(std::move(text));
 }

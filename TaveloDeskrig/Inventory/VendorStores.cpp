@@ -4,6 +4,7 @@
 
 #include "FileManager.h"
 #include "LicenseEvidenceSignals.h"
+#include "PropertyList.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -130,7 +131,8 @@ void addParallels(Findings &findings, const FileManager &files, const QString &l
         noteInaccessible(findings, source);
         return;
     }
-    const QJsonDocument document = QJsonDocument::fromJson(files.contents(path).value_or(QByteArray()));
+    const QJsonDocument document =
+        QJsonDocument::fromJson(files.contentsUpTo(path, PropertyList::maximumFileSize).value_or(QByteArray()));
     if (holdsSignedLicense(document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object()))) {
         findings.signals.append(
             {u"vendor-license-artifact"_s, source, LicenseEvidenceVerification::structurallyValid,

@@ -22,8 +22,11 @@ QStringList localizationNames(const FileManager &files, const QString &bundlePat
         files, homeFolder + QStringLiteral("/Library/Preferences/.GlobalPreferences.plist"));
     QStringList names;
     const QStringList languages = preferences.value(QStringLiteral("AppleLanguages")).toStringList();
-    for (const QString &language : languages)
-        names << language << language.section(u'-', 0, 0);
+    for (const QString &language : languages) {
+        // From "zh-Hans-VN" over "zh-Hans" to "zh", each also as older bundles spell it.
+        for (QString name = language; !name.isEmpty(); name = name.section(u'-', 0, -2))
+            names << name << QString(name).replace(u'-', u'_');
+    }
     names << infoDictionary(files, bundlePath).value(QStringLiteral("CFBundleDevelopmentRegion")).toString()
           << QStringLiteral("en") << QStringLiteral("English") << QStringLiteral("Base");
     names.removeDuplicates();
@@ -43,8 +46,8 @@ QString unescaped(const QString &text)
         result += QStringView(text).mid(end, match.capturedStart() - end);
         if (match.hasCaptured(1))
             result += QChar(match.captured(1).toUShort(nullptr, 16));
-        else if (match.captured(2) == u"n")
-            result += u'\n';
+        else if (const qsizetype place = QStringLiteral("ntr").indexOf(match.captured(2)); place >= 0)
+            result += QStringLiteral("\n\t\r").at(place);
         else
             result += match.captured(2);
         end = match.capturedEnd();
@@ -79,7 +82,8 @@ std::optional<QString> localizedText(const FileManager &files, const QString &bu
         QVariant value = allLanguages.value(name).toMap().value(key);
         if (!value.isValid()) {
             const QString file = resources + name + QStringLiteral(".lproj/InfoPlist.strings");
-            value = stringsTable(files.contents(file).value_or(QByteArray())).value(key);
+            value =
+                stringsTable(files.contentsUpTo(file, PropertyList::maximumFileSize).value_or(QByteArray())).value(key);
         }
         if (value.typeId() == QMetaType::QString)
             return value.toString();
@@ -94,7 +98,7 @@ QVariantMap stringsTable(const QByteArray &bytes)
     // Comments are matched first, so that a pair inside one is passed over.
     static const QRegularExpression pair(
         QStringLiteral(
-            R"re(/\*.*?\*/|//[^\n]*|(?:"((?:[^"\\]|\\.)*)"|([A-Za-z0-9_.-]+))\s*=\s*"((?:[^"\\]|\\.)*)"\s*;)re"),
+            R"re(/\*.*?\*/|//[^\n]*|(?:"((?:[^"\\]|\\.)*+)"|([A-Za-z0-9_.-]+))\s*=\s*"((?:[^"\\]|\\.)*+)"\s*;)re"),
         QRegularExpression::DotMatchesEverythingOption);
     QStringDecoder decoder(QStringConverter::encodingForData(bytes).value_or(QStringConverter::Utf8));
     const QString text = decoder(bytes);

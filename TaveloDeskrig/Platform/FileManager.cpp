@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <string>
 #include <vector>
 
 #include <fcntl.h>
@@ -97,25 +98,27 @@ struct Enumeration {
     EnumerationOptions options;
     const std::function<Walk(const FolderEntry &)> &visit;
 
-    bool readable(const fs::path &hostFolder, std::vector<fs::directory_entry> &entries) const
+    /// The names in the folder, in order; plain texts, since a foreign folder may hold very many.
+    static bool readable(const fs::path &hostFolder, std::vector<std::string> &names)
     {
         std::error_code code;
         for (fs::directory_iterator next(hostFolder, code), end; !code && next != end; next.increment(code))
-            entries.push_back(*next);
-        std::sort(entries.begin(), entries.end());
+            names.push_back(next->path().filename().native());
+        std::sort(names.begin(), names.end());
         return !code;
     }
 
     /// False to stop the whole enumeration.
-    bool walk(const std::vector<fs::directory_entry> &entries, const QString &macFolder) const
+    bool walk(const fs::path &hostFolder, const std::vector<std::string> &names, const QString &macFolder) const
     {
         const QString prefix = macFolder.endsWith(u'/') ? macFolder : macFolder + u'/';
-        for (const fs::directory_entry &entry : entries) {
-            const QString name = QFile::decodeName(entry.path().filename().c_str());
-            if (options.testFlag(EnumerationOption::skipHidden) && isHidden(entry.path(), name))
+        for (const std::string &encodedName : names) {
+            const fs::path hostPath = hostFolder / encodedName;
+            const QString name = QFile::decodeName(encodedName.c_str());
+            if (options.testFlag(EnumerationOption::skipHidden) && isHidden(hostPath, name))
                 continue;
             std::error_code ignored;
-            const bool isFolder = entry.symlink_status(ignored).type() == fs::file_type::directory;
+            const bool isFolder = fs::symlink_status(hostPath, ignored).type() == fs::file_type::directory;
             const FolderEntry found{prefix + name, name, isFolder};
             const Walk step = visit(found);
             if (step == Walk::stop)
@@ -124,9 +127,9 @@ struct Enumeration {
                 continue;
             if (options.testFlag(EnumerationOption::skipPackageDescendants) && isPackage(name))
                 continue;
-            std::vector<fs::directory_entry> below;
-            readable(entry.path(), below);
-            if (!walk(below, found.path))
+            std::vector<std::string> below;
+            readable(hostPath, below);
+            if (!walk(hostPath, below, found.path))
                 return false;
         }
         return true;
@@ -207,6 +210,16 @@ std::optional<QByteArray> FileManager::contents(const QString &path, FileError *
     return bytes;
 }
 
+std::optional<QByteArray> FileManager::contentsUpTo(const QString &path, qint64 limit) const
+{
+    return size(path) <= limit ? contents(path) : std::nullopt;
+}
+
+qint64 FileManager::size(const QString &path) const
+{
+    return QFileInfo(m_root.hostPath(path)).size();
+}
+
 bool FileManager::createFolder(const QString &path, mode_t mode, FileError *error) const
 {
     const QString hostPath = QDir::cleanPath(m_root.hostPath(path));
@@ -280,10 +293,11 @@ bool FileManager::enumerate(const QString &folder, EnumerationOptions options,
                             const std::function<Walk(const FolderEntry &)> &visit) const
 {
     const Enumeration enumeration{options, visit};
-    std::vector<fs::directory_entry> entries;
-    if (!enumeration.readable(QFile::encodeName(m_root.hostPath(folder)).constData(), entries))
+    const fs::path hostFolder = QFile::encodeName(m_root.hostPath(folder)).constData();
+    std::vector<std::string> names;
+    if (!Enumeration::readable(hostFolder, names))
         return false;
-    enumeration.walk(entries, folder);
+    enumeration.walk(hostFolder, names, folder);
     return true;
 }
 

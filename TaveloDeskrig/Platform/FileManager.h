@@ -69,6 +69,12 @@ public:
     /// (EFBIG).
     virtual std::optional<QByteArray> contents(const QString &path, FileError *error = nullptr) const;
 
+    /// The same for a file of at most `limit` bytes; nothing for a larger one, which is then not read at all.
+    std::optional<QByteArray> contentsUpTo(const QString &path, qint64 limit) const;
+
+    /// Size of a file in bytes; 0 if there is none.
+    virtual qint64 size(const QString &path) const;
+
     /// Creates the folder and its missing parents, with that mode (less the umask). A folder that is there already is a
     /// success and keeps its mode.
     virtual bool createFolder(const QString &path, mode_t mode = 0777, FileError *error = nullptr) const;

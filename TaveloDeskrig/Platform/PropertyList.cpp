@@ -1,7 +1,7 @@
 #include "PropertyList.h"
 
 #include "FileManager.h"
-#include "PropertyListDepth.h"
+#include "PropertyListBounds.h"
 
 #include <QDateTime>
 #include <QMetaType>
@@ -20,27 +20,29 @@ namespace Tavelo::PropertyList
 namespace
 {
 
-/// The text in UTF-8, which is what the reader takes every text for.
+/// The text in UTF-8, which is what the reader takes every text for, without a byte order mark.
 QByteArray xmlInUtf8(const QByteArray &bytes)
 {
     static const QRegularExpression declaration(QStringLiteral("^<\\?xml[^>]*encoding\\s*=\\s*[\"']([A-Za-z0-9._-]+)"));
-    std::optional<QStringConverter::Encoding> encoding = QStringConverter::encodingForData(bytes);
+    static const QRegularExpression anyDeclaration(QStringLiteral("^\\s*<\\?xml[^>]*>"));
+    std::optional<QStringConverter::Encoding> encoding = QStringConverter::encodingForData(bytes, u'<');
     if (!encoding) {
         const QString name = declaration.match(QString::fromLatin1(bytes.left(200))).captured(1);
         encoding = QStringConverter::encodingForName(name.toLatin1().constData());
+        if (!encoding || *encoding == QStringConverter::Utf8)
+            return bytes;
     }
-    if (!encoding || *encoding == QStringConverter::Utf8)
-        return bytes;
     QStringDecoder decoder(*encoding);
-    const QString text = decoder(bytes);
+    QString text = decoder(bytes); // drops the mark
+    text.remove(anyDeclaration);   // it names an encoding that no longer holds
     return text.toUtf8();
 }
 
 using Node = std::unique_ptr<void, decltype(&plist_free)>;
 
-std::optional<QVariant> fromNode(plist_t node, int depth);
+QVariant fromNode(plist_t node);
 
-std::optional<QVariant> fromDictionary(plist_t node, int depth)
+QVariant fromDictionary(plist_t node)
 {
     QVariantMap map;
     plist_dict_iter iterator = nullptr;
@@ -55,30 +57,21 @@ std::optional<QVariant> fromDictionary(plist_t node, int depth)
             return map;
         }
         const std::unique_ptr<char, decltype(&std::free)> keyOwner(key, std::free);
-        std::optional<QVariant> converted = fromNode(value, depth + 1);
-        if (!converted)
-            return std::nullopt;
-        map.insert(QString::fromUtf8(key), *std::move(converted));
+        map.insert(QString::fromUtf8(key), fromNode(value));
     }
 }
 
-std::optional<QVariant> fromArray(plist_t node, int depth)
+QVariant fromArray(plist_t node)
 {
     QVariantList list;
     const uint32_t size = plist_array_get_size(node);
-    for (uint32_t index = 0; index < size; ++index) {
-        std::optional<QVariant> converted = fromNode(plist_array_get_item(node, index), depth + 1);
-        if (!converted)
-            return std::nullopt;
-        list.append(*std::move(converted));
-    }
+    for (uint32_t index = 0; index < size; ++index)
+        list.append(fromNode(plist_array_get_item(node, index)));
     return list;
 }
 
-std::optional<QVariant> fromNode(plist_t node, int depth)
+QVariant fromNode(plist_t node)
 {
-    if (depth > maximumDepth)
-        return std::nullopt;
     switch (plist_get_node_type(node)) {
     case PLIST_BOOLEAN: {
         uint8_t value = 0;
@@ -108,11 +101,11 @@ std::optional<QVariant> fromNode(plist_t node, int depth)
     case PLIST_DATE:
         return QVariant(QDateTime());
     case PLIST_DICT:
-        return fromDictionary(node, depth);
+        return fromDictionary(node);
     case PLIST_ARRAY:
-        return fromArray(node, depth);
+        return fromArray(node);
     default:
-        return std::nullopt;
+        return {};
     }
 }
 
@@ -160,22 +153,22 @@ std::optional<QVariant> parse(const QByteArray &bytes)
         return std::nullopt;
     plist_t root = nullptr;
     if (plist_is_binary(bytes.constData(), static_cast<uint32_t>(bytes.size()))) {
-        if (binaryListDepth(bytes) > maximumDepth)
+        if (!isBinaryWithinBounds(bytes))
             return std::nullopt;
         plist_from_bin(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
     } else {
         const QByteArray text = xmlInUtf8(bytes);
-        if (xmlListDepth(text) > maximumDepth)
+        if (!isXmlWithinBounds(text))
             return std::nullopt;
         plist_from_xml(text.constData(), static_cast<uint32_t>(text.size()), &root);
     }
     const Node owner(root, plist_free);
-    return root ? fromNode(root, 0) : std::nullopt;
+    return root ? std::optional(fromNode(root)) : std::nullopt;
 }
 
 std::optional<QVariant> read(const FileManager &files, const QString &path)
 {
-    const std::optional<QByteArray> bytes = files.contents(path);
+    const std::optional<QByteArray> bytes = files.contentsUpTo(path, maximumFileSize);
     return bytes ? parse(*bytes) : std::nullopt;
 }
 

@@ -17,13 +17,14 @@ class FileManager;
 namespace PropertyList
 {
 
-/// Lists nested deeper than this many levels read as damaged; genuine ones stay below ten.
-inline constexpr int maximumDepth = 256;
-
-/// Nothing for bytes that are not a property list, and for one with a key-archive UID or too deep a nesting.
+/// Nothing for bytes that are not a property list, and for one beyond the bounds of `PropertyListBounds.h`. A value
+/// that none of the types stands for (a key-archive UID, a null) is an invalid `QVariant` in its place.
 std::optional<QVariant> parse(const QByteArray &bytes);
 
-/// The parsed file; nothing if it cannot be read or is not a property list.
+/// The largest file that is taken for a property list, in bytes. Those of applications stay below a tenth of it.
+inline constexpr qint64 maximumFileSize = 8 * 1024 * 1024;
+
+/// The parsed file; nothing if it cannot be read, is too large or is not a property list.
 std::optional<QVariant> read(const FileManager &files, const QString &path);
 
 /// The dictionary in the file; an empty one if there is none.

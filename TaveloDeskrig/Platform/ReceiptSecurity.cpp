@@ -2,6 +2,7 @@
 
 #include <openssl/cms.h>
 #include <openssl/err.h>
+#include <openssl/evp.h>
 #include <openssl/objects.h>
 #include <openssl/x509.h>
 #include <openssl/x509_vfy.h>
@@ -72,7 +73,7 @@ public:
             m_signer = sk_CMS_SignerInfo_value(signers, 0);
         for (int index = 0; m_signer && index < sk_X509_num(m_certificates.get()); ++index) {
             X509 *const candidate = sk_X509_value(m_certificates.get(), index);
-            if (CMS_SignerInfo_cert_cmp(m_signer, candidate) == 0)
+            if (!m_signerCertificate && CMS_SignerInfo_cert_cmp(m_signer, candidate) == 0)
                 m_signerCertificate = candidate;
         }
         if (m_signerCertificate)
@@ -97,8 +98,13 @@ public:
         // With signed attributes the signature is over these, and they hold the payload's digest; both must hold.
         if (CMS_signed_get_attr_count(m_signer) >= 0 && CMS_SignerInfo_verify(m_signer) != 1)
             return false;
-        const Stream digests(CMS_dataInit(m_message.get(), nullptr));
-        if (!digests)
+        // The payload goes through the signer's own digest and no other: the message may list any number of them.
+        X509_ALGOR *algorithm = nullptr;
+        CMS_SignerInfo_get0_algs(m_signer, nullptr, nullptr, &algorithm, nullptr);
+        const EVP_MD *const digest = algorithm ? EVP_get_digestbyobj(algorithm->algorithm) : nullptr;
+        BIO *const content = BIO_new_mem_buf(payload->constData(), static_cast<int>(payload->size()));
+        const Stream digests(BIO_push(BIO_new(BIO_f_md()), content));
+        if (!digest || !content || !digests || BIO_set_md(digests.get(), digest) != 1)
             return false;
         char buffer[4096];
         while (BIO_read(digests.get(), buffer, sizeof buffer) > 0) {

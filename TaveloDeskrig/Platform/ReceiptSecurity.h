@@ -48,7 +48,8 @@ public:
     /// True when there is a rule to judge the trust of store receipts by.
     virtual bool hasReceiptPolicy() const;
 
-    /// The message in the bytes; nothing when they are not a whole signed message.
+    /// The message that the bytes begin with; nothing when they do not hold a whole signed message. Bytes behind it are
+    /// ignored.
     virtual std::unique_ptr<SignedReceipt> decode(const QByteArray &bytes) const;
 
 private:

@@ -85,6 +85,19 @@ private Q_SLOTS:
         QCOMPARE(text.size(), 400 * 3012);
         QCOMPARE(shop.texts().size(), 400);
     }
+
+    void appVersion()
+    {
+        const auto version = [](const QVariantMap &info) {
+            PlatformServices services = TemporaryMac().services();
+            services.ownBundleInfo = info;
+            return AppRuntime(services).appVersion();
+        };
+        const QString key = u"CFBundleShortVersionString"_s, build = u"CFBundleVersion"_s;
+        QCOMPARE(version({{key, u" 1.2\n"_s}, {build, u"7"_s}}), u"1.2 (7)"_s);
+        QCOMPARE(version({{key, u"1.2"_s}, {build, u" "_s}}), u"1.2"_s);
+        QCOMPARE(version({{key, u" "_s}, {build, u"7"_s}}), u"dev"_s);
+    }
 };
 
 QTEST_GUILESS_MAIN(OperationLogTest)

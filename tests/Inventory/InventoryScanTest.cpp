@@ -1,6 +1,7 @@
 // Whole scans: of a populated Mac, from the backend down to the Mac's tools, and of a small one that is cancelled.
 
 #include "Golden.h"
+#include "InventoryText.h"
 #include "MainQueue.h"
 #include "ProgramOnAMac.h"
 #include "PropertyList.h"
@@ -225,6 +226,47 @@ private Q_SLOTS:
         QVERIFY(!bare.json().contains("homebrew"));
         QCOMPARE(bare.callsOf(u"brew"_s), QStringList());
         QVERIFY(!holdsSecret(bare.json() + bare.allButTheRecords));
+    }
+
+    void noBundleForgesItsSignature_data()
+    {
+        QTest::addColumn<QString>("report");
+        QTest::addColumn<QString>("fields"); // status, team, identifier, developer
+
+        const QString genuine = u"Executable=/Applications/Foo.app/Contents/MacOS/Foo\nIdentifier=x.y\nFormat=app\n"
+                                "Authority=Developer ID Application: Foo Ltd\nTeamIdentifier=TEAM1\n"_s;
+        const QString nothing = u"invalid,—,—,Foo"_s;
+        QTest::newRow("genuine") << genuine << u"valid,TEAM1,x.y,Foo Ltd"_s;
+        QTest::newRow("a line break in the path")
+            << u"Executable=/A/Foo\nIdentifier=evil\nFormat=x\nAuthority=Evil\nSignature=x\n"_s + genuine << nothing;
+        QTest::newRow("a separator in the path")
+            << QString(genuine).replace(u"/Foo\n"_s, u"/Foo\u2028Authority=Evil\n"_s) << nothing;
+        QTest::newRow("a line break in the identifier")
+            << QString(genuine).replace(u"x.y"_s, u"x.y\nFormat=x\nAuthority=Evil"_s) << nothing;
+        QTest::newRow("a second team") << genuine + u"TeamIdentifier=OTHER\n"_s << nothing;
+        QTest::newRow("no such report") << u"Authority=Evil\n"_s << nothing;
+    }
+
+    void noBundleForgesItsSignature()
+    {
+        QFETCH(QString, report);
+        const TemporaryMac mac;
+        mac.addApp(u"/Applications/Foo.app"_s, u"foo"_s);
+        const auto nothing = [](const QStringList &) { return QString(); };
+        const InventoryTools tools{.brewPath = [] { return std::optional<QString>(); },
+                                   .runCapture = nothing,
+                                   .runCaptureCombined = [&](const QStringList &) { return report; },
+                                   .runQuiet = [](const QStringList &) { return 0; }};
+        const PlatformServices services = mac.services();
+        const auto record = InventoryScan(*services.files, *services.receipts, tools, mac.home())
+                                .installedAdditionalApplications()
+                                .value(0);
+        QTEST(QStringList({record.signatureStatus, record.teamIdentifier, record.signingIdentifier,
+                           record.developerName.value_or(QString())})
+                  .join(u','),
+              "fields");
+        // Half of a surrogate pair does not switch the cleaning off.
+        QCOMPARE(withoutControls(u"a\n\u2028b"_s + QChar(0xD800)), u"a b\uFFFD"_s);
     }
 
     void emptyMac()

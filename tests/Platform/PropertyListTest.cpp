@@ -1,5 +1,7 @@
 #include "PropertyList.h"
+#include "PropertyListBounds.h"
 #include "Row.h"
+#include <QStringEncoder>
 
 #include <QDateTime>
 
@@ -36,6 +38,20 @@ QByteArray nestedBinary(quint32 levels)
     return objects + offsets + QByteArray::fromHex(trailer + bigEndian(quint32(objects.size())));
 }
 
+/// Arrays of two, each the same next one twice: few bytes for very many values.
+QByteArray doubling(int levels)
+{
+    QByteArray objects = "bplist00", offsets;
+    for (int level = 0; level < levels; ++level) {
+        offsets += static_cast<char>(objects.size());
+        const char next = static_cast<char>(level + 1);
+        objects += level + 1 < levels ? QByteArray("\xA2") + next + next : QByteArray("\x09");
+    }
+    const auto number = [](qsizetype value) { return QByteArray(7, 0) + static_cast<char>(value); };
+    return objects + offsets + QByteArray::fromHex("0000000000000101") + number(levels) + number(0) +
+           number(objects.size());
+}
+
 /// `{id: "org.example.App", n: -5}` in the binary form.
 const QByteArray binary =
     QByteArray::fromHex("62706c6973743030d201020304526964516e5f100f6f72672e6578616d706c652e41707013fffffff"
@@ -59,6 +75,28 @@ private Q_SLOTS:
                  QVariant(QVariantList{QDateTime(), true})); // its other values are still of use
     }
 
+    void readsOddEncodings()
+    {
+        const QString text = u"<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n<plist><string>ế</string></plist>"_s;
+        for (const auto encoding : {QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
+            for (const auto flag : {QStringConverter::Flag::Default, QStringConverter::Flag::WriteBom}) {
+                QStringEncoder encoder(encoding, flag);
+                QCOMPARE(PropertyList::parse(encoder(text)), QVariant(u"ế"_s));
+            }
+        }
+        QCOMPARE(PropertyList::parse("\xEF\xBB\xBF" + document("<string>x</string>")), QVariant(u"x"_s));
+        QCOMPARE(PropertyList::parse("<?xml version='1.0' encoding='ISO-8859-1'?><plist><string>\xE9</string></plist>"),
+                 QVariant(u"é"_s));
+    }
+
+    void oddValuesSpoilNoOthers()
+    {
+        // {"u": a key-archive UID, "k": true}
+        const QByteArray list = QByteArray::fromHex(
+            "62706c6973743030d2010203045175516b800909080d0f11130000000000000101000000000000000500000000000000000000000000000014");
+        QCOMPARE(PropertyList::parse(list), QVariant(QVariantMap{{u"u"_s, QVariant()}, {u"k"_s, true}}));
+    }
+
     void refuses_data()
     {
         columns<QByteArray>("bytes");
@@ -67,9 +105,11 @@ private Q_SLOTS:
         row("binary, only its name", QByteArray("bplist00"));
         row("binary, cut", binary.chopped(10));
         row("xml, cut", document("<dict><key>a</key><string>b</string></dict>").left(80));
-        row("key archive",
-            QByteArray::fromHex("62706c69737430308003080000000000000101000000000000000100000000000000000000"
-                                "00000000000a"));
+        row("binary, each array twice in the next", doubling(40));
+        // {"k\\0": true}
+        row("binary, a NUL in a key",
+            QByteArray::fromHex(
+                "62706c6973743030d10102526b0009080b0e000000000000010100000000000000030000000000000000000000000000000f"));
         row("list within itself",
             QByteArray::fromHex("62706c6973743030a1000800000000000001010000000000000001000000000000"
                                 "0000000000000000000a"));
