@@ -21,7 +21,7 @@ constexpr int creationDateType = 12;
 constexpr quint8 ia5StringTag = 22;
 
 /// In bytes. Genuine receipts have a few thousand, those with many in-app purchases some hundred thousand.
-constexpr qint64 largestReceipt = 4 * 1024 * 1024;
+constexpr qint64 largestReceipt = qint64(4) * 1024 * 1024;
 
 MacAppStoreReceiptStatus invalid(const QString &reason)
 {

@@ -22,7 +22,7 @@ namespace PropertyList
 std::optional<QVariant> parse(const QByteArray &bytes);
 
 /// The largest file that is taken for a property list, in bytes. Those of applications stay below a tenth of it.
-inline constexpr qint64 maximumFileSize = 8 * 1024 * 1024;
+inline constexpr qint64 maximumFileSize = qint64(8) * 1024 * 1024;
 
 /// The parsed file; nothing if it cannot be read, is too large or is not a property list.
 std::optional<QVariant> read(const FileManager &files, const QString &path);

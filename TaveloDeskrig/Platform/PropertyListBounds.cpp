@@ -195,7 +195,7 @@ private:
 
     bool keysArePlain(const std::vector<quint64> &children)
     {
-        constexpr quint64 longestKeys = 16 * 1024 * 1024; // characters, of all keys together
+        constexpr quint64 longestKeys = quint64(16) * 1024 * 1024; // characters, of all keys together
         for (size_t index = 0; index < children.size() / 2; ++index) {
             const std::optional<ObjectTable::Object> key = m_table.object(children[index]);
             if (!key)
