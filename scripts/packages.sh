@@ -2,20 +2,29 @@
 # What the project needs from outside, and the one way to install what is missing. Sourced by run, test, bench/run and
 # .ci/run; says what it does on standard error, and nothing when there is nothing to do.
 
-debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev libplist-dev libssl-dev openssl zip unzip)
+debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-image-formats-plugins libplist-dev libqpdf-dev
+    libssl-dev fonts-inter fonts-noto-cjk fonts-noto-core openssl zip unzip)
+debian_test_packages=(libpoppler-cpp-dev qpdf)
 debian_check_packages=(clang clang-format clang-tidy libclang-rt-14-dev shellcheck)
-homebrew_build_packages=(cmake ninja pkg-config qt libplist openssl@3)
+homebrew_build_packages=(cmake ninja pkg-config qt libplist qpdf openssl@3)
+homebrew_test_packages=(poppler qpdf)
 
-# install_packages build|check: installs the packages of that list that are missing.
+# install_packages build|test|check …: installs the packages of those lists that are missing.
 install_packages() {
-    case $(uname -s) in
-    Darwin) [ "$1" != build ] || install_homebrew_packages "${homebrew_build_packages[@]}" ;;
-    *)
-        case $1 in
-        build) install_debian_packages "${debian_build_packages[@]}" ;;
-        check) install_debian_packages "${debian_check_packages[@]}" ;;
+    local list names=()
+    for list in "$@"; do
+        case $(uname -s)-$list in
+        Darwin-build) names+=("${homebrew_build_packages[@]}") ;;
+        Darwin-test) names+=("${homebrew_test_packages[@]}") ;;
+        Darwin-*) ;;
+        *-build) names+=("${debian_build_packages[@]}") ;;
+        *-test) names+=("${debian_test_packages[@]}") ;;
+        *-check) names+=("${debian_check_packages[@]}") ;;
         esac
-        ;;
+    done
+    case $(uname -s) in
+    Darwin) install_homebrew_packages "${names[@]}" ;;
+    *) install_debian_packages "${names[@]}" ;;
     esac
 }
 

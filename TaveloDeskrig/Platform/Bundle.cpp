@@ -56,6 +56,12 @@ QString unescaped(const QString &text)
     return result;
 }
 
+/// The executable lies in NAME.app/Contents/MacOS.
+QString ownBundle()
+{
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../.."));
+}
+
 } // namespace
 
 QVariantMap infoDictionary(const FileManager &files, const QString &bundlePath)
@@ -114,9 +120,12 @@ QVariantMap stringsTable(const QByteArray &bytes)
 
 QVariantMap ownInfoDictionary()
 {
-    // The executable lies in NAME.app/Contents/MacOS.
-    const QString bundle = QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../.."));
-    return infoDictionary(FileManager(), bundle);
+    return infoDictionary(FileManager(), ownBundle());
+}
+
+std::optional<QByteArray> ownResource(const QString &name)
+{
+    return FileManager().contents(ownBundle() + QStringLiteral("/Contents/Resources/") + name);
 }
 
 } // namespace Tavelo::Bundle

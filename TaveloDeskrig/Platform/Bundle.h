@@ -34,6 +34,10 @@ QVariantMap stringsTable(const QByteArray &bytes);
 /// empty one where the executable runs outside a bundle. Needs the application object.
 QVariantMap ownInfoDictionary();
 
+/// A file of `Contents/Resources` of the program's own bundle; nothing where there is none, or no bundle. Needs the
+/// application object.
+std::optional<QByteArray> ownResource(const QString &name);
+
 } // namespace Bundle
 
 } // namespace Tavelo

@@ -136,6 +136,25 @@ struct Enumeration {
     }
 };
 
+/// Makes the folder and its missing parents on the host, but not the folder that holds the whole Mac, nor anything
+/// above it. Gives 0, or why not.
+int makeFolder(const QString &hostPath, const QString &macFolder, mode_t mode)
+{
+    if (QFileInfo(hostPath).isDir())
+        return 0;
+    const QString parent = hostPath.left(hostPath.lastIndexOf(u'/'));
+    if (hostPath == macFolder)
+        return ENOENT;
+    if (!parent.isEmpty() && QFileInfo::exists(parent) && !QFileInfo(parent).isDir())
+        return ENOTDIR;
+    if (const int reason = parent.isEmpty() ? 0 : makeFolder(parent, macFolder, mode))
+        return reason;
+    if (::mkdir(QFile::encodeName(hostPath).constData(), mode) == 0)
+        return 0;
+    const int reason = errno; // another process may have been quicker
+    return reason == EEXIST && QFileInfo(hostPath).isDir() ? 0 : reason;
+}
+
 } // namespace
 
 bool FileError::isNothingThere() const
@@ -222,18 +241,8 @@ qint64 FileManager::size(const QString &path) const
 
 bool FileManager::createFolder(const QString &path, mode_t mode, FileError *error) const
 {
-    const QString hostPath = QDir::cleanPath(m_root.hostPath(path));
-    if (QFileInfo(hostPath).isDir())
-        return true;
-    const QString parent = hostPath.left(hostPath.lastIndexOf(u'/'));
-    if (!parent.isEmpty() && QFileInfo::exists(parent) && !QFileInfo(parent).isDir())
-        return fail(error, ENOTDIR);
-    if (!parent.isEmpty() && !createFolder(m_root.macPath(parent), mode, error))
-        return false;
-    if (::mkdir(QFile::encodeName(hostPath).constData(), mode) == 0)
-        return true;
-    const int reason = errno; // another process may have been quicker
-    return (reason == EEXIST && QFileInfo(hostPath).isDir()) || fail(error, reason);
+    const int reason = makeFolder(QDir::cleanPath(m_root.hostPath(path)), m_root.folder(), mode);
+    return reason == 0 || fail(error, reason);
 }
 
 bool FileManager::createFile(const QString &path, mode_t mode, FileError *error) const

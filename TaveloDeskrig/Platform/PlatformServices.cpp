@@ -8,6 +8,7 @@
 #include "ProcessLauncher.h"
 #include "ReceiptSecurity.h"
 #include "SystemFacts.h"
+#include "UserDefaults.h"
 
 #include <QCoreApplication>
 #include <QProcessEnvironment>
@@ -31,6 +32,7 @@ PlatformServices PlatformServices::make(QProcessEnvironment environment)
     services.processes = std::make_shared<ProcessLauncher>(root, services.mainQueue);
     services.facts = std::make_shared<SystemFacts>(services.files, environment);
     services.receipts = std::make_shared<ReceiptSecurity>();
+    services.defaults = std::make_shared<UserDefaults>(services.files, services.facts->homeFolder());
     services.clock = std::make_shared<Clock>();
     services.console = std::make_shared<Console>();
     if (QCoreApplication::instance())

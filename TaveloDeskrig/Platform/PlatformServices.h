@@ -16,6 +16,7 @@ class MainQueue;
 class ProcessLauncher;
 class ReceiptSecurity;
 class SystemFacts;
+class UserDefaults;
 
 /// All that the rest of the program may ask of the machine, handed down by constructor. A test replaces one service and
 /// keeps the others real.
@@ -24,6 +25,7 @@ struct PlatformServices {
     std::shared_ptr<const ProcessLauncher> processes;
     std::shared_ptr<const SystemFacts> facts;
     std::shared_ptr<const ReceiptSecurity> receipts;
+    std::shared_ptr<const UserDefaults> defaults;
     std::shared_ptr<MainQueue> mainQueue; ///< Its main thread is the one that made this record.
     std::shared_ptr<const Clock> clock;
     std::shared_ptr<const Console> console;

@@ -145,25 +145,39 @@ plist_t toNode(const QVariant &value)
     }
 }
 
+/// Null for bytes that are not a property list within the bounds.
+Node nodeOf(const QByteArray &bytes)
+{
+    plist_t root = nullptr;
+    if (bytes.isEmpty() || bytes.size() > std::numeric_limits<int32_t>::max())
+        return {nullptr, plist_free};
+    if (plist_is_binary(bytes.constData(), static_cast<uint32_t>(bytes.size()))) {
+        if (isBinaryWithinBounds(bytes))
+            plist_from_bin(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
+    } else {
+        const QByteArray text = xmlInUtf8(bytes);
+        if (isXmlWithinBounds(text))
+            plist_from_xml(text.constData(), static_cast<uint32_t>(text.size()), &root);
+    }
+    return {root, plist_free};
+}
+
+QByteArray xmlOf(const Node &root)
+{
+    char *text = nullptr;
+    uint32_t length = 0;
+    plist_to_xml(root.get(), &text, &length);
+    QByteArray bytes(text, static_cast<qsizetype>(length));
+    std::free(text);
+    return bytes;
+}
+
 } // namespace
 
 std::optional<QVariant> parse(const QByteArray &bytes)
 {
-    if (bytes.isEmpty() || bytes.size() > std::numeric_limits<int32_t>::max())
-        return std::nullopt;
-    plist_t root = nullptr;
-    if (plist_is_binary(bytes.constData(), static_cast<uint32_t>(bytes.size()))) {
-        if (!isBinaryWithinBounds(bytes))
-            return std::nullopt;
-        plist_from_bin(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
-    } else {
-        const QByteArray text = xmlInUtf8(bytes);
-        if (!isXmlWithinBounds(text))
-            return std::nullopt;
-        plist_from_xml(text.constData(), static_cast<uint32_t>(text.size()), &root);
-    }
-    const Node owner(root, plist_free);
-    return root ? std::optional(fromNode(root)) : std::nullopt;
+    const Node root = nodeOf(bytes);
+    return root ? std::optional(fromNode(root.get())) : std::nullopt;
 }
 
 std::optional<QVariant> read(const FileManager &files, const QString &path)
@@ -179,13 +193,19 @@ QVariantMap readDictionary(const FileManager &files, const QString &path)
 
 QByteArray xml(const QVariant &value)
 {
-    const Node root(toNode(value), plist_free);
-    char *text = nullptr;
-    uint32_t length = 0;
-    plist_to_xml(root.get(), &text, &length);
-    QByteArray bytes(text, static_cast<qsizetype>(length));
-    std::free(text);
-    return bytes;
+    return xmlOf({toNode(value), plist_free});
+}
+
+QByteArray xmlWith(const QByteArray &bytes, const QString &key, const QVariant &value)
+{
+    Node root = nodeOf(bytes);
+    if (!root || plist_get_node_type(root.get()) != PLIST_DICT)
+        root.reset(plist_new_dict());
+    const QByteArray name = key.toUtf8();
+    plist_dict_remove_item(root.get(), name.constData());
+    if (value.isValid())
+        plist_dict_set_item(root.get(), name.constData(), toNode(value));
+    return xmlOf(root);
 }
 
 } // namespace Tavelo::PropertyList

@@ -33,6 +33,11 @@ QVariantMap readDictionary(const FileManager &files, const QString &path);
 /// The XML form. The value may hold the types told above, but no date.
 QByteArray xml(const QVariant &value);
 
+/// The dictionary in `bytes` in the XML form, with that value at the key in place of what was there; an invalid value
+/// takes the key away. All else stays as it is, also what no type here stands for. Bytes that hold no dictionary count
+/// as an empty one.
+QByteArray xmlWith(const QByteArray &bytes, const QString &key, const QVariant &value);
+
 } // namespace PropertyList
 
 } // namespace Tavelo

@@ -103,6 +103,16 @@ bool SystemFacts::isRoot() const
     return ::geteuid() == 0;
 }
 
+std::optional<QString> SystemFacts::computerName() const
+{
+    QVariant value = PropertyList::readDictionary(
+        *m_files, QStringLiteral("/Library/Preferences/SystemConfiguration/preferences.plist"));
+    for (const auto &key : {QStringLiteral("System"), QStringLiteral("System"), QStringLiteral("ComputerName")})
+        value = value.toMap().value(key);
+    const QString name = value.toString();
+    return value.typeId() == QMetaType::QString && !name.isEmpty() ? std::optional(name) : std::nullopt;
+}
+
 QString SystemFacts::homeFolder() const
 {
     if (m_files->root().isSimulated()) {

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 namespace Tavelo
 {
@@ -40,6 +41,9 @@ public:
     virtual bool resolves(const QString &hostName) const;
 
     virtual bool isRoot() const;
+
+    /// The name that the user gave the computer; nothing where the system's settings hold none.
+    virtual std::optional<QString> computerName() const;
 
     /// The user's home folder as a Mac path: on this machine `HOME`, else what the password database says; on a
     /// simulated Mac `/Users/` and the value of `USER`, or `/Users/technician`.

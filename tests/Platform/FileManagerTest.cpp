@@ -70,6 +70,8 @@ private Q_SLOTS:
         QCOMPARE(code(m_files.append(u"/pipe"_s, "x", &error)), ENXIO);
         QCOMPARE(code(m_files.createFolder(u"/w/file"_s, 0700, &error)), EEXIST);
         QVERIFY(code(m_files.createFolder(u"/w/file/a/b"_s, 0700, &error)) > 0);
+        const FileManager noMac(HostRoot(m_files.root().folder() + u"/nowhere"_s));
+        QCOMPARE(code(noMac.createFolder(u"/Library/Logs"_s, 0700, &error)), ENOENT);
         QCOMPARE(code(m_files.writeAtomically(u"/w/file/x"_s, "x", 0600, &error)), ENOTDIR);
 
         std::signal(SIGXFSZ, SIG_IGN);

@@ -46,6 +46,19 @@ private Q_SLOTS:
         QVERIFY(!resolves("brew.example\n10.0.0.1\n"));
     }
 
+    void computerName()
+    {
+        const TemporaryMac mac;
+        const auto nameAs = [&mac](const QVariant &value) {
+            const QVariantMap inner{{u"System"_s, QVariantMap{{u"ComputerName"_s, value}}}};
+            mac.write(u"/Library/Preferences/SystemConfiguration/preferences.plist"_s,
+                      PropertyList::xml(QVariantMap{{u"System"_s, inner}}));
+            return mac.services().facts->computerName();
+        };
+        QVERIFY(!mac.services().facts->computerName() && !nameAs(u""_s) && !nameAs(7));
+        QCOMPARE(nameAs(u"Máy của Lan"_s), u"Máy của Lan"_s);
+    }
+
     void homeFolderNeverLeavesUsers()
     {
         TemporaryMac mac;
