@@ -1,44 +1,12 @@
 #include "ItemTexts.h"
 #include "Catalog.h"
 #include "ItemTextTables.h"
+#include "WrittenIn.h"
 
 #include <QTest>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 using namespace Tavelo;
-
-namespace
-{
-
-bool uses(const QString &text, const QList<QChar::Script> &scripts)
-{
-    return std::any_of(text.begin(), text.end(), [&scripts](QChar c) { return scripts.contains(c.script()); });
-}
-
-/// Whether the text is written as that language is, which no two of the five share.
-bool isWrittenIn(AppLanguage language, const QString &text)
-{
-    const bool hangul = uses(text, {QChar::Script_Hangul});
-    const bool kana = uses(text, {QChar::Script_Hiragana, QChar::Script_Katakana});
-    const bool han = uses(text, {QChar::Script_Han});
-    switch (language) {
-    case AppLanguage::english:
-        return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) { return c < u'\x7f'; });
-    case AppLanguage::vietnamese:
-        return !hangul && !kana && !han && !isWrittenIn(AppLanguage::english, text);
-    case AppLanguage::korean:
-        return hangul && !kana;
-    case AppLanguage::japanese:
-        return kana && !hangul;
-    case AppLanguage::chinese:
-        return han && !kana && !hangul;
-    }
-    return false;
-}
-
-} // namespace
 
 class ItemTextsTest : public QObject
 {

@@ -1,0 +1,80 @@
+#pragma once
+
+#include "Texts.h"
+
+#include <span>
+
+namespace Tavelo
+{
+
+/// What a single screen or message says, beyond the labels that several share.
+enum class ScreenText {
+    // What the program did or cannot do.
+    updateRequired,
+    standardPresetName,
+    fullPresetName,
+    reportWritten,
+    reportOpened,
+    pdfExported,
+    scanBeforeExport,
+    fillInProfile,
+    loadingBusinessConfig,
+    syncingWorkspace,
+    savingBranding,
+    savingProfile,
+
+    // Inventory.
+    report,
+    scanMac,
+    source,
+    signingIdentifier,
+    bundleIdentifier,
+    teamIdentifier,
+
+    // Report export.
+    exportPDF,
+    appsCounter,
+    taveloCounter,
+    taveloCounterNote,
+    scanAgain,
+    scannedAt,
+    inspector,
+    reportOwner,
+    fullName,
+    teamUnit,
+    deliveryDetails,
+    recipient,
+    subject,
+    notesTitle,
+    notesSubtitle,
+    notesNotice,
+    softwareTitle,
+    softwareSubtitle,
+    numberColumn,
+    nameColumn,
+    noScanTitle,
+    noScanDetail,
+    scanComputer,
+    reportSource,
+
+    // Cloud tools.
+    catalogAndReport,
+    uploadReport,
+    workspace,
+    displayName,
+    saveBranding,
+    profileName,
+    itemIDs,
+    saveProfile,
+    syncWorkspace,
+    device,
+    department,
+    assetCode,
+    fetchConfiguration,
+    saveDeviceFields,
+};
+
+/// Every text, in the order of the keys. The counters and `scannedAt` hold %1, for the caller to fill.
+std::span<const KeyedTexts<ScreenText>> screenTexts();
+
+} // namespace Tavelo
