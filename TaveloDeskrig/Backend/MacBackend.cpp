@@ -9,6 +9,7 @@
 #include "ItemOperations.h"
 #include "ItemStatus.h"
 #include "LanguageKit.h"
+#include "ReportWriter.h"
 #include "Shortcuts.h"
 
 namespace Tavelo
@@ -25,6 +26,7 @@ struct MacBackend::Parts {
           checks(services, runner, itemStatus), blockers(services, runner, checks),
           builtinItems(runner, itemStatus, log),
           inventory(*services.files, *services.receipts, inventoryTools(), runtime.homeDirectory()),
+          reportWriter(services, runtime, runner, log, checks, itemStatus, inventory),
           operations({log, runner, itemStatus, blockers, homebrew, directInstaller, languageKit, shortcuts, defaultApps,
                       builtinItems})
     {
@@ -53,6 +55,7 @@ struct MacBackend::Parts {
     InstallBlockers blockers;
     BuiltinItems builtinItems;
     InventoryScan inventory;
+    ReportWriter reportWriter;
     ItemOperations operations;
 };
 
@@ -108,6 +111,14 @@ MacBackend::installedAdditionalApplications(const InventoryScan::Progress &progr
                                             const InventoryScan::IsCancelled &isCancelled) const
 {
     return m_parts->inventory.installedAdditionalApplications(progress, isCancelled);
+}
+
+std::optional<QString>
+MacBackend::writeReport(const std::optional<QList<SystemCheck>> &checks,
+                        const std::optional<QList<InstalledMacApplication>> &additionalApplications,
+                        AppLanguage language, FileError *error) const
+{
+    return m_parts->reportWriter.writeReport(checks, additionalApplications, language, error);
 }
 
 bool MacBackend::install(const AppItem &item) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppItem.h"
+#include "AppLanguage.h"
 #include "AppRuntime.h"
 #include "InstalledMacApplication.h"
 #include "InventoryScan.h"
@@ -19,6 +20,8 @@
 
 namespace Tavelo
 {
+
+struct FileError;
 
 /// All that the program does to a Mac for the catalog: this is its table of contents, and the collaborators that the
 /// comments name do the work.
@@ -54,6 +57,11 @@ public:
     QList<InstalledMacApplication> installedAdditionalApplications(
         const InventoryScan::Progress &progress = {},
         const InventoryScan::IsCancelled &isCancelled = [] { return false; }) const;
+
+    /// The text report of this Mac (`ReportWriter`): its path, or nothing and the reason.
+    std::optional<QString> writeReport(const std::optional<QList<SystemCheck>> &checks,
+                                       const std::optional<QList<InstalledMacApplication>> &additionalApplications,
+                                       AppLanguage language, FileError *error = nullptr) const;
 
     /// Work on one item (`ItemOperations`, and behind it `Homebrew`, `DirectInstaller`, `LanguageKit`, `Shortcuts`,
     /// `DefaultApps`, `BuiltinItems`).

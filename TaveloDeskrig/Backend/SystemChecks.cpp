@@ -25,6 +25,19 @@ SystemCheck check(const QString &name, Level level, const QString &detail)
 
 } // namespace
 
+QString levelWord(Level level)
+{
+    switch (level) {
+    case Level::ok:
+        return QStringLiteral("OK");
+    case Level::warn:
+        return QStringLiteral("WARN");
+    case Level::fail:
+        break;
+    }
+    return QStringLiteral("FAIL");
+}
+
 SystemChecks::SystemChecks(PlatformServices services, const CommandRunner &runner, const ItemStatus &itemStatus)
     : m_services(std::move(services)), m_runner(runner), m_itemStatus(itemStatus)
 {

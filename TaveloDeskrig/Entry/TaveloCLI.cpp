@@ -3,6 +3,7 @@
 #include "Catalog.h"
 #include "CommandLineApplication.h"
 #include "Console.h"
+#include "FileManager.h"
 #include "MacBackend.h"
 #include "MainQueue.h"
 #include "PrintedColumn.h"
@@ -33,19 +34,6 @@ Options:
   --no-mime-defaults      Skip ONLYOFFICE default app assignment.
   --no-gui                Keep CLI/headless route.
 )");
-
-QString levelWord(SystemCheck::Level level)
-{
-    switch (level) {
-    case SystemCheck::Level::ok:
-        return QStringLiteral("OK");
-    case SystemCheck::Level::warn:
-        return QStringLiteral("WARN");
-    case SystemCheck::Level::fail:
-        break;
-    }
-    return QStringLiteral("FAIL");
-}
 
 /// The preset's items before any clean-up; none for an unknown name.
 QList<AppItem> items(const QString &preset)
@@ -109,6 +97,15 @@ public:
             m_backend.log(QStringLiteral("CHECK ") + levelWord(check.level) + QStringLiteral(": ") + check.name +
                           QStringLiteral(" - ") + check.detail);
         printChecks(checks);
+
+        FileError error;
+        const std::optional<QString> report =
+            m_backend.writeReport(checks, std::nullopt, AppLanguage::vietnamese, &error);
+        if (!report) {
+            m_services.console->writeError(QStringLiteral("Không thể tạo report: ") + error.text + u'\n');
+            return failed;
+        }
+        print(QStringLiteral("Report: ") + *report + u'\n');
         return succeeded;
     }
 

@@ -7,8 +7,9 @@
 
 /// The command line: checks the Mac or installs a preset, and ends. No window ever exists.
 ///
-/// Exit statuses: 0 for help, a finished check and a plan of which every item is installed; 1 for a blocked plan and
-/// for one with a failed item; 2 for wrong usage; 130 when the technician did not confirm the plan.
+/// Exit statuses: 0 for help, a check whose report is written, whatever it found, and a plan of which every item is
+/// installed; 1 for a report that could not be written, a blocked plan and one with a failed item; 2 for wrong usage;
+/// 130 when the technician did not confirm the plan.
 namespace Tavelo::TaveloCLI
 {
 

@@ -3,6 +3,8 @@
 #include <QRegularExpression>
 #include <QTextBoundaryFinder>
 
+#include <algorithm>
+
 namespace Tavelo
 {
 
@@ -14,6 +16,13 @@ QStringList linesOf(const QString &text)
 
 QString withoutControls(const QString &text)
 {
+    const auto isOrdinary = [](QChar unit) {
+        const char16_t code = unit.unicode();
+        return code >= 0x20 && !(code >= 0x7F && code < 0xA0) && code != 0x2028 && code != 0x2029 &&
+               !unit.isSurrogate();
+    };
+    if (std::all_of(text.cbegin(), text.cend(), isOrdinary))
+        return text;
     const auto isControl = [](char32_t character) {
         const QChar::Category category = QChar::category(character);
         return category == QChar::Other_Control || category == QChar::Separator_Line ||

@@ -147,7 +147,7 @@ AppLicenseEvidence licenseEvidence(const QString &source, const std::optional<QS
     };
 }
 
-std::optional<HardwareProfile> hardwareProfile(const QByteArray &json)
+std::optional<MacHardwareProfile> hardwareProfile(const QByteArray &json)
 {
     const QJsonArray entries = QJsonDocument::fromJson(json).object().value("SPHardwareDataType"_L1).toArray();
     if (entries.isEmpty() ||
@@ -155,7 +155,7 @@ std::optional<HardwareProfile> hardwareProfile(const QByteArray &json)
         return std::nullopt;
     const QJsonObject hardware = entries.first().toObject();
     const auto text = [&](QLatin1StringView key) { return hardware.value(key).toString(u"—"_s).trimmed(); };
-    return HardwareProfile{
+    return MacHardwareProfile{
         .machineName = text("machine_name"_L1),
         .machineModel = text("machine_model"_L1),
         .chipType = text("chip_type"_L1),

@@ -69,17 +69,17 @@ AppLicenseEvidence licenseEvidence(const QString &source, const std::optional<QS
                                    bool hasAppStoreReceipt, const std::optional<QString> &brewLicense);
 
 /// What the Mac says about its own hardware; an em dash stands for what it does not say.
-struct HardwareProfile {
+struct MacHardwareProfile {
     QString machineName;
     QString machineModel;
     QString chipType;
     QString physicalMemory;
 
-    bool operator==(const HardwareProfile &) const = default;
+    bool operator==(const MacHardwareProfile &) const = default;
 };
 
 /// Reads what `system_profiler SPHardwareDataType -json` printed; nothing for anything of another shape.
-std::optional<HardwareProfile> hardwareProfile(const QByteArray &json);
+std::optional<MacHardwareProfile> hardwareProfile(const QByteArray &json);
 
 /// The order in which names are listed: that of the user's language, case-insensitive.
 QCollator nameCollator();

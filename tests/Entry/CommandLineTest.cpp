@@ -2,6 +2,8 @@
 
 #include "ProgramOnAMac.h"
 
+#include <QDir>
+#include <QFile>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -29,6 +31,7 @@ private Q_SLOTS:
     void asksBeforeItInstalls();
     void leavesTheRestOfItsInputToTheTools();
     void checksASimulatedMac();
+    void reportIsWrittenWhereItIsTold();
     void checksAMachineThatIsNoMac();
     void plainEnvironment();
 };
@@ -132,7 +135,7 @@ void CommandLineTest::checksASimulatedMac()
     QCOMPARE(outcome.errors, QString());
     const QStringList table =
         outcome.output.section(QStringLiteral("\n\nKết quả kiểm tra hệ thống:\n"), 1).split(u'\n');
-    QCOMPARE(table.size(), 11); // nine rows, an empty line, and the end of it
+    QCOMPARE(table.size(), 13); // nine rows, an empty line, two lines on the report, and the end of the last
     QCOMPARE(table.at(0), QStringLiteral("OK    macOS compatibility          macOS 14.6.1."));
     QCOMPARE(table.at(2), QStringLiteral("OK    Homebrew                     /opt/homebrew/bin/brew"));
     QCOMPARE(table.at(3), QStringLiteral("OK    Internet connection          Có thể phân giải formulae.brew.sh."));
@@ -141,13 +144,39 @@ void CommandLineTest::checksASimulatedMac()
                 .match(table.at(5))
                 .hasMatch());
     QCOMPARE(table.at(8), QStringLiteral("WARN  ONLYOFFICE                   Chưa cài."));
-    QCOMPARE(table.mid(9), QStringList({QString(), QString()}));
+    const QString folder = QStringLiteral("/Users/technician/Library/Application Support/Tavelo Deskrig/Reports");
+    const QString report = folder + QStringLiteral("/tavelo-deskrig-report.txt");
+    QVERIFY(table.at(9).isEmpty());
+    QCOMPARE(table.mid(11), QStringList({QStringLiteral("Report: ") + report, QString()}));
+    const auto ofUserAlone = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
+    QCOMPARE(QFile::permissions(mac.hostPath(report)), ofUserAlone);
+    QCOMPARE(QFile::permissions(mac.hostPath(folder)), ofUserAlone | QFile::ExeOwner | QFile::ExeUser);
+    QVERIFY(mac.contents(report).contains("\nHostname: Simulated MacBook Air\nHardware model: MacBook Air\n"
+                                          "Model identifier: Mac14,2\nChip: Apple M2\nMemory: 16 GB\n"));
 
     const QStringList log = mac.logLines();
-    QCOMPARE(log.size(), 10);
+    QCOMPARE(log.size(), 11);
+    QCOMPARE(log.at(10), table.at(10));
+    QVERIFY(log.at(10).endsWith(QStringLiteral("] Đã ghi report: ") + report));
     QVERIFY(log.at(0).endsWith(QStringLiteral("] System check summary:")));
     QVERIFY(log.at(1).endsWith(QStringLiteral("] CHECK OK: macOS compatibility - macOS 14.6.1.")));
-    QVERIFY(outcome.output.startsWith(log.join(u'\n') + u'\n'));
+    QVERIFY(outcome.output.startsWith(log.mid(0, 10).join(u'\n') + u'\n'));
+}
+
+void CommandLineTest::reportIsWrittenWhereItIsTold()
+{
+    ProgramOnAMac mac({QStringLiteral("--without-homebrew")});
+    const QString report = QStringLiteral("/Users/Shared/of client/report.txt");
+    mac.environment.insert(QStringLiteral("TAVELO_MAC_REPORT_FILE"), report);
+    QCOMPARE(mac.run(words("--check")).status, 0);
+    const QByteArray text = mac.contents(report);
+    QVERIFY(text.contains("\nHomebrew: not found\n") && text.contains("\n- Không phát hiện.\n"));
+
+    QVERIFY(QFile::remove(mac.hostPath(report)) && QDir().mkdir(mac.hostPath(report)));
+    const auto outcome = mac.run(words("--check"));
+    QCOMPARE(outcome.status, 1);
+    QCOMPARE(outcome.errors, QStringLiteral("Không thể tạo report: Is a directory\n"));
+    QVERIFY(!outcome.output.contains(QStringLiteral("eport: ")));
 }
 
 void CommandLineTest::checksAMachineThatIsNoMac()
