@@ -112,20 +112,6 @@ void furnish(const QString &folder, int applications)
     }
 }
 
-/// Kibibytes of a line such as "VmRSS:" of the process's own status; 0 where the system has none.
-qint64 ownMemory(const QByteArray &name)
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (!status.open(QIODevice::ReadOnly))
-        return 0;
-    const QList<QByteArray> lines = status.readAll().split('\n');
-    for (const QByteArray &line : lines) {
-        if (line.startsWith(name))
-            return line.mid(name.size()).trimmed().split(' ').value(0).toLongLong();
-    }
-    return 0;
-}
-
 /// Milliseconds for one application.
 double inventoryBesideABareLoop(int applications, int rounds, bool withMemory)
 {

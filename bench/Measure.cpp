@@ -103,6 +103,19 @@ int bareRun(const QString &hostPath, const QStringList &arguments, const QString
     return WIFEXITED(status) ? WEXITSTATUS(status) : WTERMSIG(status);
 }
 
+qint64 ownMemory(const QByteArray &name)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const QList<QByteArray> lines = status.readAll().split('\n');
+    for (const QByteArray &line : lines) {
+        if (line.startsWith(name))
+            return line.mid(name.size()).trimmed().split(' ').value(0).toLongLong();
+    }
+    return 0;
+}
+
 ProcessResult RecordingLauncher::run(const ProcessSetup &setup) const
 {
     ++runs;

@@ -2,6 +2,7 @@
 
 #include "ProcessLauncher.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -25,6 +26,9 @@ void print(const QString &what, const Pair &pair, double budget);
 
 /// Starts a program of the host the barest way there is, drops or reads its output, and waits for it. Gives its status.
 int bareRun(const QString &hostPath, const QStringList &arguments, const QStringList &environment, bool readOutput);
+
+/// Kibibytes of a line such as "VmRSS:" of the process's own status; 0 where the system has none.
+qint64 ownMemory(const QByteArray &name);
 
 /// Real processes, which it counts, and of which it keeps a list where it is asked to.
 class RecordingLauncher : public ProcessLauncher

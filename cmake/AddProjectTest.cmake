@@ -7,10 +7,11 @@ function(add_project_test name)
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PRIVATE TestSupport ${test_USES} ProjectSettings)
   add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+  set(environment QT_QPA_PLATFORM=offscreen)
   if(TAVELO_SANITIZE STREQUAL thread)
     # A test starts threads after it has started processes, which is safe: a child executes another program at once.
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT
+    list(APPEND environment
       "TSAN_OPTIONS=die_after_fork=0:suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/thread.supp")
   endif()
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "${environment}")
 endfunction()

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace Tavelo
+{
+
+class UserDefaults;
+struct FileError;
+
+/// What the technician types in for the PDF report.
+struct MacReportProfile {
+    QString inspectorName; ///< Who did the inspection.
+    QString team;          ///< Team or unit.
+    QString recipient;     ///< Who receives the report.
+    QString subject;       ///< The report's title.
+    QString notes;         ///< Free notes and conclusion.
+
+    /// A JSON object with the fields' names as keys, in their order.
+    QByteArray json() const;
+
+    /// Reads the JSON form. A missing field, or one that is no text, gives nothing; other keys are passed over.
+    static std::optional<MacReportProfile> parse(const QByteArray &json);
+
+    bool operator==(const MacReportProfile &) const = default;
+};
+
+/// The profile in the user's settings; an empty one where there is none or it does not read.
+MacReportProfile loadReportProfile(const UserDefaults &defaults);
+
+/// Stores the profile in the user's settings, as a whole.
+bool saveReportProfile(const UserDefaults &defaults, const MacReportProfile &profile, FileError *error = nullptr);
+
+} // namespace Tavelo

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QImage>
+#include <QRectF>
+#include <QSizeF>
+#include <QString>
+
+namespace Tavelo
+{
+
+class FileManager;
+
+namespace MacReportPDF
+{
+
+/// The program's icon: `AppIcon.icns` in the folder at that Mac path, else that of the program's own bundle, else
+/// `fallbackAppLogo`. Never null.
+QImage appLogo(const FileManager &files, const QString &resourcesDirectory);
+
+/// A mark drawn by the program itself, 128 by 128 units at a device pixel ratio of 4.
+QImage fallbackAppLogo();
+
+/// The largest rectangle of the image's shape in `rect`, centred. A dimension below 1 counts as that of `rect`.
+QRectF fittedRect(const QSizeF &imageSize, const QRectF &rect);
+
+/// An image of one of the kinds that logos come in (PNG, JPEG, GIF, WebP, ICNS), scaled down to what a page can show of
+/// it; a null image for anything else, and for one of more than 8,192 pixels a side.
+QImage decodedLogo(const QByteArray &bytes);
+
+} // namespace MacReportPDF
+
+} // namespace Tavelo
