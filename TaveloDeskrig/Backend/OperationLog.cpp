@@ -2,6 +2,7 @@
 
 #include "Clock.h"
 #include "FileManager.h"
+#include "InventoryText.h"
 #include "MainQueue.h"
 
 #include <algorithm>
@@ -39,7 +40,7 @@ OperationLog::OperationLog(PlatformServices services, const AppRuntime &runtime,
 void OperationLog::log(const QString &line) const
 {
     const QString time = m_services.clock->now().toString(QStringLiteral("HH:mm:ss"));
-    const QString text = QStringLiteral("[%1] ").arg(time) + line;
+    const QString text = QStringLiteral("[%1] ").arg(time) + withoutControls(line);
     FileError error;
     if (!prepare(*m_services.files, m_folder, m_file, &error) ||
         !m_services.files->append(m_file, text.toUtf8() + '\n', &error))

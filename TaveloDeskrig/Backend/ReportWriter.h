@@ -31,8 +31,8 @@ public:
                  const InventoryScan &inventory);
 
     /// Writes the report to `AppRuntime::reportFile` and gives its path. The file has mode 0600 and its folder mode
-    /// 0700, also where the folder was wider before. Checks and applications that are not given are gathered here;
-    /// empty lists count as given.
+    /// 0700; a folder that was wider before is narrowed where this user may do so. Checks and applications that are not
+    /// given are gathered here; empty lists count as given.
     ///
     /// Nothing where it fails: the folder cannot be made, and then nothing is gathered; the file cannot be written; or
     /// the file's mode cannot be set, and then the report is there all the same. Success is logged, failure is not.

@@ -3,6 +3,7 @@
 #include "Catalog.h"
 #include "Endpoints.h"
 #include "FileManager.h"
+#include "InventoryText.h"
 #include "SystemFacts.h"
 
 #include <algorithm>
@@ -72,7 +73,8 @@ QList<SystemCheck> SystemChecks::systemChecks() const
         check(QStringLiteral("Dung lượng trống"), failUnless(freeGB >= comfortableFreeGB),
               QStringLiteral("%1GB trống trên /.").arg(freeGB)),
         check(QStringLiteral("user mode"), warnUnless(!root),
-              root ? QStringLiteral("Không nên chạy Homebrew GUI app bằng root.") : QStringLiteral("User: ") + user),
+              root ? QStringLiteral("Không nên chạy Homebrew GUI app bằng root.")
+                   : QStringLiteral("User: ") + withoutControls(user)),
         installedCheck(QStringLiteral("LibreOffice"), QStringLiteral("libreoffice")),
         installedCheck(QStringLiteral("ONLYOFFICE"), QStringLiteral("onlyoffice")),
     };

@@ -264,12 +264,16 @@ bool FileManager::append(const QString &path, const QByteArray &bytes, FileError
 bool FileManager::writeAtomically(const QString &path, const QByteArray &bytes, mode_t mode, FileError *error) const
 {
     const QByteArray target = QFile::encodeName(m_root.hostPath(path));
-    QByteArray temporary = target + ".XXXXXX"; // mkstemp makes it with mode 0600
-    Descriptor file(::mkstemp(temporary.data()));
+    if (isFolder(path))
+        return fail(error, EISDIR);
+    QByteArray temporary = target.left(target.lastIndexOf('/') + 1) + ".tavelo-XXXXXX";
+    Descriptor file(::mkstemp(temporary.data())); // with mode 0600
     if (!file.isOpen())
         return fail(error, errno);
-    if (writeWhole(file.number(), bytes) && ::fchmod(file.number(), mode) == 0 && ::fsync(file.number()) == 0 &&
-        file.close() && ::rename(temporary.constData(), target.constData()) == 0)
+    const auto giveMode = [&] { return mode == 0600 || ::fchmod(file.number(), mode) == 0; };
+    const auto sync = [&] { return ::fsync(file.number()) == 0 || errno == EINVAL || errno == ENOTSUP; };
+    if (writeWhole(file.number(), bytes) && giveMode() && sync() && file.close() &&
+        ::rename(temporary.constData(), target.constData()) == 0)
         return true;
     const int reason = errno;
     ::unlink(temporary.constData());

@@ -33,32 +33,46 @@ void registerInter()
     }
 }
 
-QString chineseCharacterFamily(AppLanguage language)
+/// Who writes Chinese characters how.
+struct ChineseCharacters {
+    QString family;
+    /// The library keeps a font by its first family and forgets that another had other faces to help it out; fonts of
+    /// different hints it keeps apart.
+    QFont::StyleHint hint;
+};
+
+ChineseCharacters chineseCharacters(AppLanguage language)
 {
     switch (language) {
     case AppLanguage::korean:
-        return QStringLiteral("Noto Sans CJK KR");
+        return {QStringLiteral("Noto Sans CJK KR"), QFont::System};
     case AppLanguage::chinese:
-        return QStringLiteral("Noto Sans CJK SC");
+        return {QStringLiteral("Noto Sans CJK SC"), QFont::SansSerif};
     case AppLanguage::english:
     case AppLanguage::vietnamese:
     case AppLanguage::japanese:
         break;
     }
-    return QStringLiteral("Noto Sans CJK JP");
+    return {QStringLiteral("Noto Sans CJK JP"), QFont::AnyStyle};
 }
 
 } // namespace
 
-QStringList families(AppLanguage language)
+QFont font(AppLanguage language)
 {
     static std::once_flag registered;
     std::call_once(registered, registerInter);
-    QStringList wanted;
+    const ChineseCharacters chinese = chineseCharacters(language);
+    QStringList families;
 #ifdef Q_OS_MACOS
-    wanted << QStringLiteral(".AppleSystemUIFontRounded") << QStringLiteral("SF Pro Rounded");
+    families << QStringLiteral(".AppleSystemUIFontRounded") << QStringLiteral("SF Pro Rounded");
 #endif
-    return wanted << interFamily << chineseCharacterFamily(language) << QStringLiteral("Noto Sans");
+    families << interFamily << chinese.family << QStringLiteral("Noto Sans");
+    QFont font;
+    font.setFamilies(families);
+    font.setStyleHint(chinese.hint);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
 }
 
 } // namespace Tavelo::ReportFonts

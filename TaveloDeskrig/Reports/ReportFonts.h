@@ -2,14 +2,14 @@
 
 #include "AppLanguage.h"
 
-#include <QStringList>
+#include <QFont>
 
 namespace Tavelo::ReportFonts
 {
 
-/// The families of a report, the first that has a character giving its glyph: the rounded system face where there is
-/// one, the compiled-in Inter, and for Chinese characters the face in whose style the report's language writes them.
-/// Registers Inter at the first call. Needs the GUI application object.
-QStringList families(AppLanguage language);
+/// The font of a report, without a size: the rounded system face where there is one, else the compiled-in Inter; for
+/// Chinese characters a face in whose style the report's language writes them. Registers Inter at the first call. Needs
+/// the GUI application object.
+QFont font(AppLanguage language);
 
 } // namespace Tavelo::ReportFonts

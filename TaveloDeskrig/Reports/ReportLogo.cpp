@@ -69,9 +69,9 @@ QImage appLogo(const FileManager &files, const QString &resourcesDirectory)
 
 QImage fallbackAppLogo()
 {
-    constexpr double side = 128;
-    constexpr double scale = 4;
-    QImage image(QSize(side * scale, side * scale), QImage::Format_ARGB32_Premultiplied);
+    constexpr int side = 128;
+    constexpr int scale = 4;
+    QImage image(side * scale, side * scale, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
@@ -84,15 +84,13 @@ QImage fallbackAppLogo()
     // The measures below count from the lower edge; the painter's from the upper.
     const auto fromBelow = [](double y, double height) { return side - y - height; };
 
-    QFont font;
-    font.setFamilies(ReportFonts::families(AppLanguage::english));
+    QFont font = ReportFonts::font(AppLanguage::english);
     font.setPixelSize(84);
     font.setWeight(QFont::Black);
-    font.setHintingPreference(QFont::PreferNoHinting);
     const QString letter = QStringLiteral("T");
     const QFontMetricsF metrics(font);
-    const double left = side / 2 - metrics.horizontalAdvance(letter) / 2 - 2;
-    const double bottom = side / 2 - metrics.height() / 2 - 4;
+    const double left = side / 2. - metrics.horizontalAdvance(letter) / 2 - 2;
+    const double bottom = side / 2. - metrics.height() / 2 - 4;
     constexpr double obliqueness = 0.12;
     painter.save();
     painter.translate(left, fromBelow(bottom, metrics.descent()));

@@ -22,7 +22,7 @@ constexpr QChar ellipsis = u'…';
 } // namespace
 
 ReportTypography::ReportTypography(QPaintDevice &device, AppLanguage language)
-    : m_device(device), m_layouter(device), m_families(ReportFonts::families(language)),
+    : m_device(device), m_layouter(device), m_font(ReportFonts::font(language)),
       m_dotsPerPoint(static_cast<double>(device.logicalDpiX()) / 72)
 {
 }
@@ -32,11 +32,9 @@ const ReportTypography::Face &ReportTypography::face(const TextStyle &style) con
     const auto known = m_faces.find(style);
     if (known != m_faces.end())
         return known->second;
-    QFont font;
-    font.setFamilies(m_families);
+    QFont font = m_font;
     font.setPointSizeF(style.size);
     font.setWeight(style.weight);
-    font.setHintingPreference(QFont::PreferNoHinting);
     const QFont onDevice(font, &m_device);
     const QFontMetricsF metrics(onDevice, &m_device);
     const Face face{onDevice, metrics.ascent() / m_dotsPerPoint,
@@ -120,7 +118,7 @@ void ReportTypography::draw(QPainter &painter, const QString &text, const QRectF
 QString ReportTypography::meaning(char16_t character) const
 {
     QList<QRawFont> fonts;
-    for (const QString &family : m_families)
+    for (const QString &family : m_font.families())
         fonts << QRawFont::fromFont(QFont(family));
     return m_drawn.meaning(character, fonts);
 }

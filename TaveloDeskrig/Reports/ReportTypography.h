@@ -9,7 +9,6 @@
 #include <QHash>
 #include <QRectF>
 #include <QString>
-#include <QStringList>
 
 #include <compare>
 #include <map>
@@ -75,7 +74,7 @@ private:
 
     QPaintDevice &m_device;
     mutable TextLayouter m_layouter;
-    QStringList m_families;
+    QFont m_font;
     double m_dotsPerPoint;
     mutable std::map<TextStyle, Face> m_faces;
     /// By style and width, and text: asked for when the pages are made, and again when a block is drawn.

@@ -11,7 +11,7 @@ QString AppStrings::auditSubtitle() const
         u"Software added to this Mac, with its signature and license evidence.",
         u"Phần mềm cài thêm trên máy Mac này, kèm bằng chứng chữ ký và bản quyền.",
         u"이 Mac에 추가로 설치된 소프트웨어와 그 서명 및 라이선스 증거입니다.",
-        u"このMacに追加インストールされたソフトウェアと、その署名およびライセンスの証跡です。",
+        u"このMacに追加インストールされたソフトウェアと、その署名およびライセンスの証拠です。",
         u"这台 Mac 上额外安装的软件及其签名和许可证证据。",
     });
 }
@@ -69,7 +69,7 @@ QString AppStrings::auditNoDataDetail() const
         u"Scan this Mac to list its additionally installed software, with signature and license evidence.",
         u"Quét máy Mac này để liệt kê phần mềm cài thêm, kèm bằng chứng chữ ký và bản quyền.",
         u"이 Mac을 스캔하면 추가로 설치된 소프트웨어와 서명 및 라이선스 증거가 표시됩니다.",
-        u"このMacをスキャンすると、追加インストールされたソフトウェアと、その署名およびライセンスの証跡が一覧表示されます。",
+        u"このMacをスキャンすると、追加インストールされたソフトウェアと、その署名およびライセンスの証拠が一覧表示されます。",
         u"扫描这台 Mac，以列出额外安装的软件及其签名和许可证证据。",
     });
 }
@@ -150,7 +150,7 @@ QString AppStrings::auditLicenseEvidenceLabel(AppLicenseEvidenceState state) con
         return in({u"Could not inspect", u"Không thể kiểm tra", u"검사할 수 없음", u"検査不可", u"无法检查"});
     case AppLicenseEvidenceState::noEvidence:
         return in(
-            {u"No local evidence", u"Chưa có bằng chứng", u"로컬 증거 없음", u"ローカルの証跡なし", u"无本地证据"});
+            {u"No local evidence", u"Chưa có bằng chứng", u"로컬 증거 없음", u"ローカルの証拠なし", u"无本地证据"});
     case AppLicenseEvidenceState::explicitUnlicensed:
         return in({u"No local key recorded", u"Không ghi nhận key", u"로컬 키 기록 없음", u"ローカルにキーの記録なし",
                    u"无本地密钥记录"});
@@ -160,12 +160,12 @@ QString AppStrings::auditLicenseEvidenceLabel(AppLicenseEvidenceState state) con
 
 QString AppStrings::auditLicenseSourceLabel() const
 {
-    return in({u"Evidence source", u"Nguồn bằng chứng", u"증거 출처", u"証跡の取得元", u"证据来源"});
+    return in({u"Evidence source", u"Nguồn bằng chứng", u"증거 출처", u"証拠の取得元", u"证据来源"});
 }
 
 QString AppStrings::auditLicenseDetailLabel() const
 {
-    return in({u"Evidence details", u"Chi tiết bằng chứng", u"증거 세부사항", u"証跡の詳細", u"证据详情"});
+    return in({u"Evidence details", u"Chi tiết bằng chứng", u"증거 세부사항", u"証拠の詳細", u"证据详情"});
 }
 
 QString AppStrings::auditLicenseConfidenceLabel() const
@@ -192,7 +192,7 @@ QString AppStrings::auditLicenseConfidenceValue(LicenseEvidenceConfidence confid
 
 QString AppStrings::auditLicenseSignalsLabel() const
 {
-    return in({u"Evidence signals", u"Dấu hiệu bằng chứng", u"증거 항목", u"検出された証跡", u"证据线索"});
+    return in({u"Evidence signals", u"Dấu hiệu bằng chứng", u"증거 항목", u"検出された証拠", u"证据线索"});
 }
 
 QString AppStrings::auditEvidenceNotice() const
@@ -212,7 +212,7 @@ QString AppStrings::auditLicenseNotice() const
         u"License evidence is local technical evidence, not a verdict. Origin, ownership, current subscription status, and permitted scope require human review.",
         u"Bằng chứng bản quyền là bằng chứng kỹ thuật trên máy, không phải kết luận. Nguồn gốc, chủ thể sở hữu, trạng thái thuê bao hiện tại và phạm vi sử dụng vẫn cần người phụ trách thẩm tra.",
         u"라이선스 증거는 이 Mac에서 수집한 기술적 증거일 뿐이며 판정이 아닙니다. 출처, 소유권, 현재 구독 상태, 허용된 사용 범위는 담당자가 확인해야 합니다.",
-        u"ライセンスの証跡はこのMac上の技術的な証拠であり、判定ではありません。出所、所有者、現在の契約状況、許可された利用範囲は担当者による確認が必要です。",
+        u"ライセンスの証拠はこのMac上で得られた技術的なものであり、判定ではありません。出所、所有者、現在のサブスクリプションの状態、許可された利用範囲は担当者による確認が必要です。",
         u"许可证证据只是本机上的技术证据，并非结论。来源、所有权、当前订阅状态及允许的使用范围需由负责人核实。",
     });
 }

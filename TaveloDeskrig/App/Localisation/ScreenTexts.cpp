@@ -6,7 +6,7 @@ namespace Tavelo
 namespace
 {
 
-// The warnings before an export and the lines while the cloud is asked are there in Vietnamese and English alone, as
+// What is said around an export, and the lines while the cloud is asked, are there in Vietnamese and English alone, as
 // are the cloud's own answers, which take their place.
 constexpr KeyedTexts<ScreenText> texts[] = {
     {ScreenText::updateRequired,
@@ -105,7 +105,7 @@ constexpr KeyedTexts<ScreenText> texts[] = {
     {ScreenText::softwareSubtitle,
      u"softwareSubtitle",
      {u"Install and signature evidence", u"Bằng chứng cài đặt và chữ ký", u"설치 및 서명 증거",
-      u"インストールと署名の証跡", u"安装与签名证据"}},
+      u"インストールと署名の証拠", u"安装与签名证据"}},
     {ScreenText::numberColumn, u"numberColumn", {u"STT", u"STT", u"번호", u"番号", u"序号"}},
     {ScreenText::nameColumn, u"nameColumn", {u"Name", u"Tên", u"이름", u"名前", u"名称"}},
     {ScreenText::noScanTitle,

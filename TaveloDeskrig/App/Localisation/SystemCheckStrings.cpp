@@ -74,7 +74,7 @@ const QList<DetailRule> &detailRules()
          {
              .english = u"brew was not found. Install it from %1.",
              .vietnamese = u"Chưa tìm thấy brew.",
-             .korean = u"brew를 찾을 수 없습니다. %1에서 설치하세요.",
+             .korean = u"brew를 찾을 수 없습니다. 설치 안내: %1",
              .japanese = u"brewが見つかりません。%1 からインストールしてください。",
              .chinese = u"未找到 brew。请从 %1 安装。",
          },
