@@ -7,7 +7,6 @@
 
 #include <QFileInfo>
 
-#include <cerrno>
 
 using namespace Qt::StringLiterals;
 
@@ -48,7 +47,7 @@ ReportWriter::writeReport(const std::optional<QList<SystemCheck>> &checks,
     FileError modeError;
     if (!files.setMode(file, fileMode, &modeError)) {
         if (error)
-            *error = modeError.code ? modeError : FileError{EIO, qt_error_string(EIO)};
+            *error = modeError.orInputOutput();
         return std::nullopt;
     }
     m_log.log(u"Đã ghi report: "_s + file);

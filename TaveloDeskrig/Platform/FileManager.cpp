@@ -162,6 +162,11 @@ bool FileError::isNothingThere() const
     return code == ENOENT;
 }
 
+FileError FileError::orInputOutput() const
+{
+    return code != 0 ? *this : FileError{EIO, QString::fromLocal8Bit(std::strerror(EIO))};
+}
+
 FileManager::FileManager(HostRoot root) : m_root(std::move(root)) {}
 
 FileManager::~FileManager() = default;

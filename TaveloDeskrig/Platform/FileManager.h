@@ -21,6 +21,9 @@ struct FileError {
 
     /// The file or folder was not there.
     bool isNothingThere() const;
+
+    /// The error, or EIO where the system told none.
+    FileError orInputOutput() const;
 };
 
 /// An entry met while a folder is enumerated.

@@ -106,7 +106,7 @@ std::optional<QString> write(const Contents &contents, const QString &path, cons
     if (!surroundings.files.writeAtomically(path, *bytes, privateFile, &error))
         return words(error);
     if (!surroundings.files.setMode(path, privateFile, &error))
-        return error.text;
+        return error.orInputOutput().text;
     return std::nullopt;
 }
 

@@ -22,18 +22,16 @@ constexpr qint64 maximumIconFile = qint64(16) * 1024 * 1024;
 constexpr int maximumSide = 8192;
 constexpr int shownSide = 256; // pixels; 27 points of paper at about 680 dots an inch
 
-/// An icon holds the same image in several sizes.
-void goToLargest(QImageReader &reader)
+/// An icon holds the same image in several sizes, which its reader tells only by reading them.
+QImage largestImage(QImageReader &reader)
 {
-    int largest = 0;
-    int largestWidth = 0;
+    QImage largest;
     for (int index = 0; reader.jumpToImage(index); ++index) {
-        if (reader.size().width() > largestWidth) {
-            largest = index;
-            largestWidth = reader.size().width();
-        }
+        const QImage image = reader.read();
+        if (image.width() > largest.width())
+            largest = image;
     }
-    reader.jumpToImage(largest);
+    return largest;
 }
 
 } // namespace
@@ -48,11 +46,9 @@ QImage decodedLogo(const QByteArray &bytes)
     if (!kinds.contains(kind))
         return {};
     QImageReader reader(&buffer, kind);
-    if (kind == "icns")
-        goToLargest(reader);
     if (const QSize size = reader.size(); std::max(size.width(), size.height()) > maximumSide)
         return {};
-    const QImage image = reader.read();
+    const QImage image = kind == "icns" ? largestImage(reader) : reader.read();
     if (std::max(image.width(), image.height()) <= shownSide)
         return image;
     return image.scaled(shownSide, shownSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);

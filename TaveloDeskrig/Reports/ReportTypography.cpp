@@ -90,7 +90,8 @@ void ReportTypography::draw(QPainter &painter, const QString &text, const QRectF
     painter.setPen(color);
     if (breaking == LineBreaking::truncating) {
         const auto line = m_layouter.inOneLine(text, face.font);
-        if (line->paragraphs.front().lineWidth(0) <= width)
+        constexpr double rounding = 0.5; // dots: the width may be this line's own
+        if (line->paragraphs.front().lineWidth(0) <= width + rounding)
             drawLine(line->paragraphs.front(), 0);
         else
             drawElided(*line);
