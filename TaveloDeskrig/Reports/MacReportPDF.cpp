@@ -33,7 +33,7 @@ namespace
 
 const QString productName = QStringLiteral("Tavelo Deskrig");
 constexpr mode_t privateFile = 0600;
-constexpr int dotsPerInch = 1200;
+constexpr int dotsPerInch = 3600; // fifty to a point, so that each size of text is a whole number of dots
 
 void setUp(QPdfWriter &writer)
 {
@@ -80,6 +80,7 @@ std::optional<QByteArray> document(const Contents &contents, const Surroundings 
     QPainter painter(&writer);
     if (!painter.isActive())
         return std::nullopt;
+    painter.setRenderHint(QPainter::LosslessImageRendering);
     PageCanvas canvas(painter, typography);
     for (qsizetype index = 0; index < pages.size(); ++index) {
         if (index > 0)

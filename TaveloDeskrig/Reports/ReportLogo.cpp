@@ -20,7 +20,7 @@ namespace
 const QString iconName = QStringLiteral("AppIcon.icns");
 constexpr qint64 maximumIconFile = qint64(16) * 1024 * 1024;
 constexpr int maximumSide = 8192;
-constexpr int shownSide = 256; // pixels; 27 points of paper at about 680 dots an inch
+constexpr int shownSide = 512; // pixels, for some 30 points of paper
 
 /// An icon holds the same image in several sizes, which its reader tells only by reading them.
 QImage largestImage(QImageReader &reader)
@@ -56,8 +56,11 @@ QImage decodedLogo(const QByteArray &bytes)
 
 QImage appLogo(const FileManager &files, const QString &resourcesDirectory)
 {
-    const std::optional<QByteArray> given = files.contentsUpTo(resourcesDirectory + u'/' + iconName, maximumIconFile);
-    QImage logo = decodedLogo(given.value_or(QByteArray()));
+    QImage logo;
+    if (!resourcesDirectory.isEmpty()) {
+        const QString icon = resourcesDirectory + u'/' + iconName;
+        logo = decodedLogo(files.contentsUpTo(icon, maximumIconFile).value_or(QByteArray()));
+    }
     if (logo.isNull())
         logo = decodedLogo(Bundle::ownResource(iconName).value_or(QByteArray()));
     return logo.isNull() ? fallbackAppLogo() : logo;
@@ -106,10 +109,9 @@ QImage fallbackAppLogo()
 
 QRectF fittedRect(const QSizeF &imageSize, const QRectF &rect)
 {
-    const QSizeF size(imageSize.width() >= 1 ? imageSize.width() : rect.width(),
-                      imageSize.height() >= 1 ? imageSize.height() : rect.height());
-    const QSizeF fitted = size.scaled(rect.size(), Qt::KeepAspectRatio);
-    QRectF result(QPointF(), fitted);
+    const auto ratio = [](double room, double size) { return room / (size >= 1 ? size : room); };
+    const double scale = std::min(ratio(rect.width(), imageSize.width()), ratio(rect.height(), imageSize.height()));
+    QRectF result(QPointF(), imageSize * scale);
     result.moveCenter(rect.center());
     return result;
 }

@@ -13,14 +13,14 @@ class FileManager;
 namespace MacReportPDF
 {
 
-/// The program's icon: `AppIcon.icns` in the folder at that Mac path, else that of the program's own bundle, else
-/// `fallbackAppLogo`. Never null.
+/// The program's icon: `AppIcon.icns` in the folder at that Mac path (empty for none), else that of the program's own
+/// bundle, else `fallbackAppLogo`. Never null.
 QImage appLogo(const FileManager &files, const QString &resourcesDirectory);
 
-/// A mark drawn by the program itself, 128 by 128 units at a device pixel ratio of 4.
+/// A mark drawn by the program itself, 128 by 128 units of four pixels each.
 QImage fallbackAppLogo();
 
-/// The largest rectangle of the image's shape in `rect`, centred. A dimension below 1 counts as that of `rect`.
+/// The largest rectangle of the image's shape in `rect`, centred. A dimension below 1 does not limit it.
 QRectF fittedRect(const QSizeF &imageSize, const QRectF &rect);
 
 /// An image of one of the kinds that logos come in (PNG, JPEG, GIF, WebP, ICNS), scaled down to what a page can show of

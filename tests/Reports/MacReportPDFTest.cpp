@@ -75,12 +75,13 @@ InstalledMacApplication application(const QString &name)
     return application;
 }
 
-/// One of everything, each text of evidence on one line.
+/// One of everything; the last text takes two lines.
 MacReportPDF::Contents onePage()
 {
     MacReportPDF::Contents contents{
         u"Hardware model: MacBook Pro\nModel identifier: Mac15,3\nChip: Apple M3\n"
-        "Memory: 16 GB\nmacOS version: 15.1.0\nSystem checks:\n- Homebrew: OK\n- Disk: FAIL"_s,
+        "Memory: 16 GB\nmacOS version: 15.1.0\nSystem checks:\n- Homebrew: OK\n- Disk: FAIL"_s +
+            u" a"_s.repeated(80),
         {application(u"Skim"_s), application(u"A name too long for it"_s)},
         {u"Lan"_s, u"IT"_s, u"Boss"_s, u"Audit"_s, u"Note"_s}};
     contents.applications[1].signatureStatus = u"ad-hoc"_s;
@@ -183,7 +184,7 @@ private Q_SLOTS:
             {"plain detail", {42, 603, 511, 26}, 6, white, line},
             {"shaded detail", {42, 632, 511, 26}, 6, 0xf7faff, line},
             {"green dot", {53, 716.5, 7, 7}, 3.5, 0x16a34a},
-            {"blue dot", {53, 745.5, 7, 7}, 3.5, blue},
+            {"blue dot", {53, 749.5, 7, 7}, 3.5, blue},
             {"footer rule", {42, 812, 511, 0.7}, 0, 0xdbe5f0},
         };
         for (const auto &[name, rect, radius, fill, stroke, edges] : shapes) {
@@ -275,10 +276,10 @@ private Q_SLOTS:
     void searchableText()
     {
         const QStringList lines{u"Kiểm tra e\u0323\u0302 Tiếng Việt ĐƯỢC"_s, u"日本語 ／ 中文 한국어 10:30 A-B"_s,
-                                u"a\tb fi ffi 1/2 ↳ • …"_s, u"Homebrew <b>&amp;</b> ) Tj \\ %1"_s};
+                                u"a\tb\u0007c fi ffi 1/2 ↳ • …"_s, u"Homebrew \u202E<b>&amp;</b> ) Tj \\ %1"_s};
         const ReadPdf pdf(m_office.pdf({u"System checks:\n- "_s + lines.join(u"\n- "_s), {}, {}}));
-        const QStringList expected{u"Kiểm tra ệ Tiếng Việt ĐƯỢC"_s, lines.at(1), u"a b fi ffi 1/2 ↳ • …"_s,
-                                   lines.at(3)};
+        const QStringList expected{u"Kiểm tra ệ Tiếng Việt ĐƯỢC"_s, lines.at(1), u"a b c fi ffi 1/2 ↳ • …"_s,
+                                   u"Homebrew <b>&amp;</b> ) Tj \\ %1"_s};
         double y = 498; // of the first line's card
         for (const QString &line : expected) {
             const poppler::rectf card(60, y, 490, 26);
@@ -298,8 +299,11 @@ private Q_SLOTS:
             for (const poppler::font_info &font : pdf.document->fonts())
                 QVERIFY2(font.is_embedded() && font.is_subset(), font.name().c_str());
             for (size_t page = 0; page < pdf.pages.size(); ++page)
-                for (const ReadPdf::Run &run : pdf.runs(page))
+                for (const ReadPdf::Run &run : pdf.runs(page)) {
                     QVERIFY2(QRectF(42, 12, 511.3, 818).contains(run.box), run.text.toUtf8());
+                    const bool isEvidence = std::abs(run.size - 8.7) < 0.05;
+                    QVERIFY2(!isEvidence || !run.text.endsWith(u'…'), run.text.toUtf8());
+                }
         }
     }
 

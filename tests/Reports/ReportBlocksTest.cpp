@@ -236,6 +236,7 @@ private Q_SLOTS:
             QCOMPARE(heightOf(full), least);
             QCOMPARE(heightOf(full + u'n'), ofLines(2));
             QCOMPARE(heightOf(full + u' ' + full + u" n"_s), ofLines(3));
+            QCOMPARE(heightOf(u"a\u2028b\r\nc\u0085"_s), ofLines(4));
         };
         check([](const QString &text) { return Blocks::Notes{{}, text}; }, 9.5, 36, 58, 483);
         check([](const QString &text) { return Blocks::DetailRow{text}; }, 8.7, 14, 29, 483);
