@@ -24,7 +24,7 @@ namespace
 {
 
 constexpr double pdfBudget = 1.5;
-constexpr int dotsPerInch = 3600;
+constexpr int dotsPerInch = 1440;
 constexpr int signalsEach = 3;
 
 using Pages = QList<QList<Primitive>>;
@@ -32,7 +32,7 @@ using Pages = QList<QList<Primitive>>;
 /// The document as what is painted on each of its pages.
 Pages paintedPages(const MacReportPDF::Contents &contents)
 {
-    PaintRecorder device(dotsPerInch, QSize(29750, 42100));
+    PaintRecorder device(dotsPerInch, QSize(11900, 16840));
     ReportTypography typography(device, AppLanguage::english);
     const QList<QList<Block>> pages = MacReportPDF::paginate(
         MacReportPDF::makeBlocks(contents.reportText, contents.applications, contents.profile, false, sampleTime()),

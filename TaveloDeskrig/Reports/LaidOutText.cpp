@@ -51,7 +51,6 @@ LaidOutParagraph::LaidOutParagraph(const QString &text, const QFont &font, QPain
     QTextOption option;
     option.setWrapMode(mode);
     option.setTextDirection(Qt::LeftToRight);
-    option.setUseDesignMetrics(true);
     m_layout->setTextOption(option);
     m_layout->setCacheEnabled(true);
     m_layout->beginLayout();

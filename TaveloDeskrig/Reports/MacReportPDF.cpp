@@ -33,7 +33,7 @@ namespace
 
 const QString productName = QStringLiteral("Tavelo Deskrig");
 constexpr mode_t privateFile = 0600;
-constexpr int dotsPerInch = 3600; // fifty to a point, so that each size of text is a whole number of dots
+constexpr int dotsPerInch = 1440; // twenty to a point, so that each size of text is a whole number of dots
 
 void setUp(QPdfWriter &writer)
 {

@@ -20,7 +20,7 @@ namespace
 const QString iconName = QStringLiteral("AppIcon.icns");
 constexpr qint64 maximumIconFile = qint64(16) * 1024 * 1024;
 constexpr int maximumSide = 8192;
-constexpr int shownSide = 512; // pixels, for some 30 points of paper
+constexpr int shownSide = 360; // pixels, for some 30 points of paper
 
 /// An icon holds the same image in several sizes, which its reader tells only by reading them.
 QImage largestImage(QImageReader &reader)
@@ -69,7 +69,7 @@ QImage appLogo(const FileManager &files, const QString &resourcesDirectory)
 QImage fallbackAppLogo()
 {
     constexpr int side = 128;
-    constexpr int scale = 4;
+    constexpr int scale = 2;
     QImage image(side * scale, side * scale, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);

@@ -17,7 +17,7 @@ namespace MacReportPDF
 /// bundle, else `fallbackAppLogo`. Never null.
 QImage appLogo(const FileManager &files, const QString &resourcesDirectory);
 
-/// A mark drawn by the program itself, 128 by 128 units of four pixels each.
+/// A mark drawn by the program itself, 128 by 128 units of two pixels each.
 QImage fallbackAppLogo();
 
 /// The largest rectangle of the image's shape in `rect`, centred. A dimension below 1 does not limit it.
