@@ -39,12 +39,14 @@ public:
     /// "{short version} ({build})", the short version alone, or "dev" where the program's bundle names none.
     QString appVersion() const;
 
+    /// A text of the program's own bundle without the blanks around it; empty where there is none.
+    QString bundleString(const QString &key) const;
+
     /// The path with a leading `~` (alone or before a `/`) replaced by the home folder; any other path as it is.
     QString expandingTilde(const QString &path) const;
 
 private:
     QString envURL(const QString &name, const QString &fallback) const;
-    QString bundleString(const QString &key) const;
 
     PlatformServices m_services;
     QString m_home;
