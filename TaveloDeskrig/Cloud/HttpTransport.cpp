@@ -1,0 +1,8 @@
+#include "HttpTransport.h"
+
+namespace Tavelo
+{
+
+HttpTransport::~HttpTransport() = default;
+
+} // namespace Tavelo
