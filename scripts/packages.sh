@@ -3,8 +3,9 @@
 # .ci/run; says what it does on standard error, and nothing when there is nothing to do.
 
 debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-image-formats-plugins libplist-dev libqpdf-dev
-    libssl-dev fonts-inter fonts-noto-cjk fonts-noto-core openssl zip unzip)
-debian_test_packages=(libpoppler-cpp-dev qpdf)
+    libssl-dev fonts-inter fonts-noto-cjk fonts-noto-core openssl ca-certificates zip unzip)
+# CMake finds qt6-httpserver-dev only with qt6-websockets-dev beside it, which it does not ask for.
+debian_test_packages=(libpoppler-cpp-dev qpdf qt6-httpserver-dev qt6-websockets-dev)
 debian_check_packages=(clang clang-format clang-tidy libclang-rt-14-dev shellcheck)
 homebrew_build_packages=(cmake ninja pkg-config qt libplist qpdf openssl@3)
 homebrew_test_packages=(poppler qpdf)
