@@ -7,7 +7,6 @@
 
 #include <QFileInfo>
 
-
 using namespace Qt::StringLiterals;
 
 namespace Tavelo
