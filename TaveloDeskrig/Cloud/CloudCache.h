@@ -15,7 +15,8 @@ inline const QString catalogFile = QStringLiteral("supabase-catalog.json");
 inline const QString businessPolicyFile = QStringLiteral("business-policy.json");
 inline const QString technicianWorkspaceFile = QStringLiteral("technician-workspace.json");
 
-/// The largest cache that is written or read, in bytes. A genuine one has some thousand.
+/// The largest cache that is written or read, in bytes. A genuine one has some thousand, or with a shop's logo in it
+/// some hundred thousand.
 constexpr qint64 maximumSize = qint64(16) * 1024 * 1024;
 
 /// Replaces the file as a whole by the object, indented and with its keys in order, with mode 0600. False where that

@@ -29,7 +29,7 @@ const QSet<QString> &allowedHosts()
 std::optional<QUrl> validatedURL(const QString &value)
 {
     QUrl url(value, QUrl::StrictMode);
-    if (!url.isValid() || url.scheme() != u"https" ||
+    if (!url.isValid() || url.scheme() != u"https" || url.host().isEmpty() ||
         !allowedHosts().contains(url.host(QUrl::FullyEncoded).toLower()) ||
         SupabaseEndpointPolicy::hasCredentials(url) || pathExtension(url) != u"dmg")
         return std::nullopt;
