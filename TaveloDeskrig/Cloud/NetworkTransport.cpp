@@ -42,7 +42,9 @@ public:
         connect(reply, &QNetworkReply::requestSent, this, [this] { m_underway = true; });
         connect(reply, &QNetworkReply::encrypted, this, [this] { keepFromSendingAgain(); });
         connect(reply, &QNetworkReply::readyRead, this, [this] { read(); });
-        connect(reply, &QNetworkReply::finished, this, [this] { finish(); });
+        // Later, so that whoever receives the answer may do away with the transport.
+        connect(
+            reply, &QNetworkReply::finished, this, [this] { finish(); }, Qt::QueuedConnection);
         QTimer::singleShot(timeout, this, [this] { interrupt(qt_error_string(ETIMEDOUT)); });
     }
 
@@ -69,7 +71,7 @@ private:
     void interrupt(const QString &reason)
     {
         m_response.error = reason;
-        m_reply->abort(); // leads to finish()
+        m_reply->abort(); // leads to finish(), unless it came from there
     }
 
     void finish()
@@ -88,7 +90,9 @@ private:
         m_response.status = status.isValid() ? status.toInt() : 200;
         m_response.location = m_reply->rawHeader("Location");
         m_reply->deleteLater();
-        m_receive(m_response);
+        const HttpTransport::Receive receive = std::move(m_receive); // this object may go in the meantime
+        const HttpResponse response = std::move(m_response);
+        receive(response);
     }
 
     QNetworkReply *m_reply;

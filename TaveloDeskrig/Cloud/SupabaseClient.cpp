@@ -84,7 +84,8 @@ QList<AppItem> SupabaseClient::cachedCatalog(const PlatformServices &services)
 QFuture<std::optional<ReleasePolicy>> SupabaseClient::releasePolicy() const
 {
     const auto none = [this](const QString &reason) {
-        m_log(reason);
+        if (m_log)
+            m_log(reason);
         return std::optional<ReleasePolicy>();
     };
     if (!m_config)

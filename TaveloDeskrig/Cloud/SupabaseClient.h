@@ -38,11 +38,12 @@ struct JsonAnswer {
 ///     client.syncCatalog().then(viewModel, [=](const CloudResult &result) { … });
 ///
 /// Nothing throws, nothing is tried twice. A call that is under way when the client is destroyed is cancelled: what was
-/// to follow it never runs. The main thread must not wait for a future.
+/// to follow it never runs, and its future has no result: who waits on another thread asks `isCanceled` before
+/// `result`. The main thread must not wait for a future. A context object must outlive the client, or own it.
 class SupabaseClient
 {
 public:
-    /// Entered on any thread.
+    /// Entered on any thread. An empty one drops the lines.
     using Log = std::function<void(const QString &line)>;
     /// The rows of a report, as `MacBackend::installStatusSnapshot` gives them.
     using ReportItems = QList<QMap<QString, QString>>;
