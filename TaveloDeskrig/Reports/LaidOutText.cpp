@@ -5,7 +5,6 @@
 #include <QTextLayout>
 
 #include <algorithm>
-#include <limits>
 
 namespace Tavelo
 {
@@ -119,7 +118,7 @@ std::shared_ptr<const LaidOutText> TextLayouter::wrapped(const QString &text, co
 
 std::shared_ptr<const LaidOutText> TextLayouter::inOneLine(const QString &text, const QFont &font)
 {
-    constexpr double endless = std::numeric_limits<int>::max() / 256; // the most that a layout counts to
+    constexpr double endless = 0x7fffff; // dots; the most that a layout counts to
     return kept({text, font.pointSizeF(), font.weight(), endless},
                 [&] { return laidOut({paragraphs(text).join(u' ')}, font, endless, QTextOption::NoWrap); });
 }

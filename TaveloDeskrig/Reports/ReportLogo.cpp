@@ -48,7 +48,7 @@ QImage decodedLogo(const QByteArray &bytes)
     QImageReader reader(&buffer, kind);
     if (const QSize size = reader.size(); std::max(size.width(), size.height()) > maximumSide)
         return {};
-    const QImage image = kind == "icns" ? largestImage(reader) : reader.read();
+    QImage image = kind == "icns" ? largestImage(reader) : reader.read();
     if (std::max(image.width(), image.height()) <= shownSide)
         return image;
     return image.scaled(shownSide, shownSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);

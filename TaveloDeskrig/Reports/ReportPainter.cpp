@@ -76,8 +76,9 @@ void drawMetadata(PageCanvas &canvas, const Blocks::Metadata &metadata, double y
     const double cellWidth = (width - gap) / 2;
     for (qsizetype index = 0; index < metadata.cells.size(); ++index) {
         const ReportCell &cell = metadata.cells.at(index);
+        const qsizetype row = index / 2;
         const double x = Page::contentLeft + static_cast<double>(index % 2) * (cellWidth + gap);
-        const double cellY = y + static_cast<double>(index / 2) * rowPitch;
+        const double cellY = y + static_cast<double>(row) * rowPitch;
         canvas.card({x, cellY, cellWidth, cellHeight}, 9, withAlpha(cell.tint, 0.07), withAlpha(cell.tint, 0.22));
         canvas.fillOval({x + 12, cellY + 12, 8, 8}, cell.tint);
         canvas.text(cell.label, {x + 27, cellY + 8, cellWidth - 38, 11}, {7.1, QFont::Bold}, cell.tint);
