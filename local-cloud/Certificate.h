@@ -8,8 +8,8 @@ namespace Tavelo
 
 /// A server's certificate and the authority that signed it, as PEM.
 ///
-/// The authority's key is gone once the certificate is made, and the authority may sign for these names only: whoever
-/// trusts it trusts this one server and nothing else, even if the folder is stolen.
+/// The authority's key is gone once the certificate is made: whoever trusts it trusts this one server and nothing else,
+/// even if the folder is stolen.
 struct Certificate {
     QByteArray authority;
     QByteArray server;

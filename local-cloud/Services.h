@@ -35,8 +35,8 @@ struct ServiceAnswer {
 ///     workspace.json        workspace and profiles, of `/functions/v1/manage-technician-workspace`
 ///     reports/              what `/functions/v1/upload-install-report` received, one file each
 ///
-/// Strict on purpose: a request that differs from what the services expect in method, query, headers or body is
-/// refused, and `detail` says why.
+/// Strict on purpose: a request that differs from what the services expect in method, named query fields, headers or the
+/// shape of its body is refused, and `detail` says why. Not every value is looked at.
 class Services
 {
 public:

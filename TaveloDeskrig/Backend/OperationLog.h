@@ -27,7 +27,8 @@ public:
     /// Makes the log's folder and file ready; what fails here shows at the first line.
     OperationLog(PlatformServices services, const AppRuntime &runtime, UiLog uiLog, UiProgress uiProgress);
 
-    /// Writes the line before it returns, and queues it for the interface. A file that cannot be written is told to the
+    /// Writes the line before it returns, and queues it for the interface. It stays one line whatever it says: each run
+    /// of control characters and line separators in it reads as a blank. A file that cannot be written is told to the
     /// interface and stops nothing.
     void log(const QString &line) const;
 
