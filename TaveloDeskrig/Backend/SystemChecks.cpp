@@ -39,6 +39,12 @@ QString levelWord(Level level)
     return QStringLiteral("FAIL");
 }
 
+QString logLine(const SystemCheck &check)
+{
+    return QStringLiteral("CHECK ") + levelWord(check.level) + QStringLiteral(": ") + check.name +
+           QStringLiteral(" - ") + check.detail;
+}
+
 SystemChecks::SystemChecks(PlatformServices services, const CommandRunner &runner, const ItemStatus &itemStatus)
     : m_services(std::move(services)), m_runner(runner), m_itemStatus(itemStatus)
 {

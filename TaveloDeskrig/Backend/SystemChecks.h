@@ -25,6 +25,9 @@ struct SystemCheck {
 /// "OK", "WARN" or "FAIL", in every language.
 QString levelWord(SystemCheck::Level level);
 
+/// The check in a line of the log.
+QString logLine(const SystemCheck &check);
+
 /// Whether the Mac is fit for the work. The rows only inform; what refuses an install is `InstallBlockers`, which looks
 /// at the same facts with other thresholds. A fact that cannot be had reads as the bad case. Blocks on name resolution
 /// and on tools.

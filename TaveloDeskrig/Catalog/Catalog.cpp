@@ -2,6 +2,8 @@
 
 #include "CatalogTable.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace Tavelo::Catalog
@@ -33,6 +35,12 @@ const QSet<QString> &standardGroups()
 {
     static const QSet<QString> groups{u"office"_s, u"microsoft"_s, u"printer"_s};
     return groups;
+}
+
+bool isStandard(const AppItem &item)
+{
+    const QSet<QString> &groups = standardGroups();
+    return std::any_of(groups.cbegin(), groups.cend(), [&](const QString &group) { return item.belongsTo(group); });
 }
 
 QList<AppItem> uniqueInstallItems(const QList<AppItem> &items)

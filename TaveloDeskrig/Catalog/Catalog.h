@@ -27,6 +27,9 @@ const QList<AppItem> &items();
 /// The groups whose items make the standard preset.
 const QSet<QString> &standardGroups();
 
+/// Whether the item belongs to one of them.
+bool isStandard(const AppItem &item);
+
 /// The items without those that would repeat an earlier one's install, in the order given; the first one stays. Two
 /// items are the same install when they have the same kind and the same shortcut file, else the same packages in the
 /// same order; an item with neither is like no other.

@@ -15,6 +15,9 @@ inline const QString homebrewSiteURL = QStringLiteral("https://brew.sh");
 
 /// Published files of source repositories, as "https://" + host + path.
 inline const QString rawFileHost = QStringLiteral("raw.githubusercontent.com");
+/// The command that Homebrew's site gives for its own installation, for a terminal. The program only copies it.
+inline const QString homebrewInstallCommand =
+    QStringLiteral("/bin/bash -c \"$(curl -fsSL https://%1/Homebrew/install/HEAD/install.sh)\"").arg(rawFileHost);
 
 // Vendor downloads. Each vendor has a host that is asked for the current version and a content host that it redirects
 // to. A download may touch these two and no other.

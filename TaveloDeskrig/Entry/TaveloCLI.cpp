@@ -43,9 +43,7 @@ QList<AppItem> items(const QString &preset)
             return true;
         if (preset == u"minimal")
             return item.belongsTo(QStringLiteral("office"));
-        const QSet<QString> &groups = Catalog::standardGroups();
-        return preset == u"standard" &&
-               std::any_of(groups.cbegin(), groups.cend(), [&](const QString &group) { return item.belongsTo(group); });
+        return preset == u"standard" && Catalog::isStandard(item);
     };
     QList<AppItem> wanted;
     std::copy_if(Catalog::items().cbegin(), Catalog::items().cend(), std::back_inserter(wanted), isWanted);
@@ -94,8 +92,7 @@ public:
         const QList<SystemCheck> checks = m_backend.systemChecks();
         m_backend.log(QStringLiteral("System check summary:"));
         for (const SystemCheck &check : checks)
-            m_backend.log(QStringLiteral("CHECK ") + levelWord(check.level) + QStringLiteral(": ") + check.name +
-                          QStringLiteral(" - ") + check.detail);
+            m_backend.log(logLine(check));
         printChecks(checks);
 
         FileError error;

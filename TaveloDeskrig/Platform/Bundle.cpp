@@ -123,9 +123,14 @@ QVariantMap ownInfoDictionary()
     return infoDictionary(FileManager(), ownBundle());
 }
 
+QString ownResourcesFolder()
+{
+    return ownBundle() + QStringLiteral("/Contents/Resources");
+}
+
 std::optional<QByteArray> ownResource(const QString &name)
 {
-    return FileManager().contents(ownBundle() + QStringLiteral("/Contents/Resources/") + name);
+    return FileManager().contents(ownResourcesFolder() + u'/' + name);
 }
 
 } // namespace Tavelo::Bundle

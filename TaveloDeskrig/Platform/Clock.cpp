@@ -1,5 +1,7 @@
 #include "Clock.h"
 
+#include <QTimer>
+
 #include <thread>
 
 namespace Tavelo
@@ -15,6 +17,11 @@ QDateTime Clock::now() const
 void Clock::sleep(std::chrono::milliseconds duration) const
 {
     std::this_thread::sleep_for(duration);
+}
+
+void Clock::callLater(std::chrono::milliseconds delay, QObject *context, std::function<void()> call) const
+{
+    QTimer::singleShot(delay, context, std::move(call));
 }
 
 } // namespace Tavelo

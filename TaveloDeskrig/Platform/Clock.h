@@ -3,6 +3,9 @@
 #include <QDateTime>
 
 #include <chrono>
+#include <functional>
+
+class QObject;
 
 namespace Tavelo
 {
@@ -20,6 +23,10 @@ public:
 
     /// Blocks the calling thread for that long.
     virtual void sleep(std::chrono::milliseconds duration) const;
+
+    /// Calls back on the main loop once that long has passed; never, if `context`, an object of the main thread, has
+    /// gone by then. Started on the main thread.
+    virtual void callLater(std::chrono::milliseconds delay, QObject *context, std::function<void()> call) const;
 };
 
 } // namespace Tavelo

@@ -3,6 +3,7 @@
 #include "Bundle.h"
 #include "Clock.h"
 #include "Console.h"
+#include "DesktopServices.h"
 #include "FileManager.h"
 #include "MainQueue.h"
 #include "ProcessLauncher.h"
@@ -35,6 +36,7 @@ PlatformServices PlatformServices::make(QProcessEnvironment environment)
     services.defaults = std::make_shared<UserDefaults>(services.files, services.facts->homeFolder());
     services.clock = std::make_shared<Clock>();
     services.console = std::make_shared<Console>();
+    services.desktop = std::make_shared<DesktopServices>(services.processes, environment);
     if (QCoreApplication::instance())
         services.ownBundleInfo = Bundle::ownInfoDictionary();
     return services;

@@ -11,6 +11,7 @@ namespace Tavelo
 
 class Clock;
 class Console;
+class DesktopServices;
 class FileManager;
 class MainQueue;
 class ProcessLauncher;
@@ -29,6 +30,7 @@ struct PlatformServices {
     std::shared_ptr<MainQueue> mainQueue; ///< Its main thread is the one that made this record.
     std::shared_ptr<const Clock> clock;
     std::shared_ptr<const Console> console;
+    std::shared_ptr<const DesktopServices> desktop;
     QVariantMap ownBundleInfo; ///< Information dictionary of the program's own bundle.
 
     /// The services of the Mac that the environment names: this machine, or the folder in `TAVELO_MAC_HOST_ROOT`.

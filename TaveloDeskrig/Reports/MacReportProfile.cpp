@@ -56,10 +56,10 @@ std::optional<MacReportProfile> MacReportProfile::parse(const QByteArray &json)
     return reader.ok() ? std::optional(profile) : std::nullopt;
 }
 
-MacReportProfile loadReportProfile(const UserDefaults &defaults)
+std::optional<MacReportProfile> loadReportProfile(const UserDefaults &defaults)
 {
     const std::optional<QByteArray> json = defaults.data(profileKey);
-    return json ? MacReportProfile::parse(*json).value_or(MacReportProfile()) : MacReportProfile();
+    return json ? MacReportProfile::parse(*json) : std::nullopt;
 }
 
 bool saveReportProfile(const UserDefaults &defaults, const MacReportProfile &profile, FileError *error)

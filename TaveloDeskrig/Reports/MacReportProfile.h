@@ -13,11 +13,11 @@ struct FileError;
 
 /// What the technician types in for the PDF report.
 struct MacReportProfile {
-    QString inspectorName; ///< Who did the inspection.
-    QString team;          ///< Team or unit.
-    QString recipient;     ///< Who receives the report.
-    QString subject;       ///< The report's title.
-    QString notes;         ///< Free notes and conclusion.
+    QString inspectorName = {}; ///< Who did the inspection.
+    QString team = {};          ///< Team or unit.
+    QString recipient = {};     ///< Who receives the report.
+    QString subject = {};       ///< The report's title.
+    QString notes = {};         ///< Free notes and conclusion.
 
     /// A JSON object with the fields' names as keys, in their order.
     QByteArray json() const;
@@ -28,8 +28,8 @@ struct MacReportProfile {
     bool operator==(const MacReportProfile &) const = default;
 };
 
-/// The profile in the user's settings; an empty one where there is none or it does not read.
-MacReportProfile loadReportProfile(const UserDefaults &defaults);
+/// The profile in the user's settings; nothing where there is none or it does not read.
+std::optional<MacReportProfile> loadReportProfile(const UserDefaults &defaults);
 
 /// Stores the profile in the user's settings, as a whole.
 bool saveReportProfile(const UserDefaults &defaults, const MacReportProfile &profile, FileError *error = nullptr);

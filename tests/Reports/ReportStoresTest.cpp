@@ -50,7 +50,7 @@ private Q_SLOTS:
     {
         const Shop shop;
         const UserDefaults &defaults = *shop.services.defaults;
-        QCOMPARE(loadReportProfile(defaults), MacReportProfile());
+        QCOMPARE(loadReportProfile(defaults), std::nullopt);
         const MacReportProfile profile{u"Lan \"L\""_s, {}, u"受取人"_s, u"S\\\n"_s, u"—"_s};
         QVERIFY(saveReportProfile(defaults, profile));
         QCOMPARE(defaults.data(u"tavelo.mac.report-profile"_s), profileJson);

@@ -9,8 +9,27 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
+
 namespace Tavelo
 {
+
+void StillClock::advance(std::chrono::milliseconds duration) const
+{
+    const QDateTime end = m_now.addMSecs(duration.count());
+    for (;;) {
+        const auto next = std::min_element(m_waiting.begin(), m_waiting.end(),
+                                           [](const Call &a, const Call &b) { return a.due < b.due; });
+        if (next == m_waiting.end() || next->due > end)
+            break;
+        const Call call = *next;
+        m_waiting.erase(next);
+        m_now = call.due;
+        if (call.context)
+            call.call();
+    }
+    m_now = end;
+}
 
 TemporaryMac::TemporaryMac()
 {

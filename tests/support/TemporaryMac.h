@@ -4,6 +4,8 @@
 #include "OperationLog.h"
 #include "PlatformServices.h"
 
+#include <QList>
+#include <QPointer>
 #include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
@@ -12,15 +14,29 @@
 namespace Tavelo
 {
 
-/// A clock that stands still; sleeping moves it and takes no time.
+/// A clock that stands still until it is moved; sleeping moves it and takes no time.
 class StillClock : public Clock
 {
 public:
     QDateTime now() const override { return m_now; }
     void sleep(std::chrono::milliseconds duration) const override { m_now = m_now.addMSecs(duration.count()); }
 
+    void callLater(std::chrono::milliseconds delay, QObject *context, std::function<void()> call) const override
+    {
+        m_waiting.append({m_now.addMSecs(delay.count()), context, std::move(call)});
+    }
+
+    /// Moves the time, and makes the calls that fall due, at their times and in their order.
+    void advance(std::chrono::milliseconds duration) const;
+
 private:
+    struct Call {
+        QDateTime due;
+        QPointer<QObject> context;
+        std::function<void()> call;
+    };
     mutable QDateTime m_now{QDate(2026, 1, 2), QTime(3, 4, 5)};
+    mutable QList<Call> m_waiting;
 };
 
 /// An empty Mac in a temporary folder, on macOS 15.1 with the network answering, for a test to furnish with files and

@@ -1,0 +1,113 @@
+#include "WatchedViewModel.h"
+
+#include "FileManager.h"
+#include "MainQueue.h"
+
+#include <QCoreApplication>
+#include <QMetaProperty>
+
+using namespace Qt::StringLiterals;
+
+namespace Tavelo
+{
+
+namespace
+{
+
+QString shown(const QVariant &value)
+{
+    if (value.metaType() != QMetaType::fromType<ToastMessage>())
+        return value.metaType() == QMetaType::fromType<AppLanguage>() ? rawValue(value.value<AppLanguage>())
+                                                                      : value.toString();
+    const auto toast = value.value<ToastMessage>();
+    const QString kind = QVariant::fromValue(toast.kind).toString();
+    return toast.isShown() ? kind + u": "_s + toast.text : u"none"_s;
+}
+
+} // namespace
+
+WatchedViewModel::WatchedViewModel(PlatformServices services, std::unique_ptr<HttpTransport> transport)
+    : m_services(std::move(services))
+{
+    m_services.clock = m_clock;
+    m_pool.setMaxThreadCount(16);
+    m_model = std::make_unique<DeskrigViewModel>(m_services, std::move(transport), m_pool);
+    watch();
+}
+
+WatchedViewModel::~WatchedViewModel()
+{
+    m_model.reset();
+    m_pool.waitForDone();
+}
+
+void WatchedViewModel::settle()
+{
+    do {
+        QCoreApplication::processEvents();
+    } while (!m_pool.waitForDone(5));
+    QCoreApplication::processEvents();
+}
+
+void WatchedViewModel::watch()
+{
+    const QMetaObject &fields = DeskrigViewModel::staticMetaObject;
+    const QMetaMethod slot = metaObject()->method(metaObject()->indexOfSlot("fieldChanged()"));
+    for (int index = fields.propertyOffset(); index < fields.propertyCount(); ++index) {
+        const QMetaProperty field = fields.property(index);
+        if (field.hasNotifySignal() && !QByteArray("installedCount updateTitle updateMessage").contains(field.name()))
+            connect(m_model.get(), field.notifySignal(), this, slot);
+    }
+    DeskrigViewModel *const model = m_model.get();
+    connect(model, &DeskrigViewModel::statusesChanged, this, [this, model] {
+        QStringList changes;
+        for (const AppItem &item : model->catalogItems()) {
+            const InstallStatus status = model->statuses().value(item.id);
+            if (m_statuses.value(item.id) != status)
+                changes.append(item.id + u' ' + rawValue(status));
+        }
+        m_statuses = model->statuses();
+        note(u"statuses"_s, changes.join(u", "_s));
+    });
+    connect(model, &DeskrigViewModel::activeSheetChanged, this,
+            [this, model] { note(u"activeSheet"_s, model->activeSheet().id()); });
+    connect(model, &DeskrigViewModel::pendingUninstallChanged, this,
+            [this, model] { note(u"pendingUninstall"_s, model->pendingUninstall().value_or(AppItem()).id); });
+    connect(model, &DeskrigViewModel::coreReadinessLevelChanged, this,
+            [this, model] { note(u"coreReadinessLevel"_s, levelWord(model->coreReadinessLevel())); });
+    connect(model, &DeskrigViewModel::reportSnapshotDateChanged, this,
+            [this, model] { note(u"reportSnapshotDate"_s, model->reportSnapshotDate().toString(Qt::ISODateWithMs)); });
+    connect(model, &DeskrigViewModel::reportProfileChanged, this,
+            [this, model] { note(u"reportProfile"_s, QString::fromUtf8(model->reportProfile().json())); });
+    connect(model, &DeskrigViewModel::catalogItemsChanged, this,
+            [this, model] { note(u"catalogItems"_s, QString::number(model->catalogItems().size())); });
+    connect(model->reportApplications(), &QAbstractItemModel::modelReset, this, [this, model] {
+        note(u"reportApplications"_s, QString::number(model->reportApplications()->records().size()));
+    });
+    connect(model->latestChecks(), &QAbstractItemModel::modelReset, this,
+            [this, model] { note(u"latestChecks"_s, QString::number(model->latestChecks()->checks().size())); });
+    const QString logFile = model->logPath();
+    connect(model->logLines(), &QAbstractItemModel::rowsInserted, this, [this, model, logFile] {
+        const QString line = model->logLines()->lines().constLast();
+        if (!m_services.files->contents(logFile).value_or(QByteArray()).contains(line.toUtf8() + '\n'))
+            m_transcript.append(u"log: "_s + line.section(u"] "_s, 1));
+    });
+    m_statuses = model->statuses();
+}
+
+void WatchedViewModel::fieldChanged()
+{
+    const QMetaObject &fields = DeskrigViewModel::staticMetaObject;
+    for (int index = fields.propertyOffset(); index < fields.propertyCount(); ++index) {
+        const QMetaProperty field = fields.property(index);
+        if (field.notifySignalIndex() == senderSignalIndex() && field.hasNotifySignal())
+            note(QString::fromLatin1(field.name()), shown(field.read(m_model.get())));
+    }
+}
+
+void WatchedViewModel::note(const QString &field, const QString &value)
+{
+    m_transcript.append(field + u" = "_s + value);
+}
+
+} // namespace Tavelo

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "DeskrigViewModel.h"
+#include "HttpTransport.h"
+#include "PlatformServices.h"
+#include "TemporaryMac.h"
+
+#include <QSet>
+#include <QStringList>
+#include <QThreadPool>
+
+#include <memory>
+
+namespace Tavelo
+{
+
+/// Never answers, as a cloud that is not configured is never asked.
+struct SilentTransport : HttpTransport {
+    void send(const HttpRequest &, Receive receive) override { m_waiting.append(std::move(receive)); }
+
+private:
+    QList<Receive> m_waiting;
+};
+
+/// The view model with a clock that the test moves, and a transcript of all that it publishes.
+class WatchedViewModel : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit WatchedViewModel(PlatformServices services,
+                              std::unique_ptr<HttpTransport> transport = std::make_unique<SilentTransport>());
+    ~WatchedViewModel() override;
+
+    DeskrigViewModel &operator*() { return *m_model; }
+    DeskrigViewModel *operator->() { return m_model.get(); }
+    void destroy() { m_model.reset(); }
+
+    /// Runs the main loop until no task is left.
+    void settle();
+    void advance(std::chrono::milliseconds duration) { m_clock->advance(duration); }
+
+    /// What was published since the last time, in order: "field = value" for a field, "log: line" for a line of the
+    /// view model's own, without its time.
+    QStringList take() { return std::exchange(m_transcript, {}); }
+
+private Q_SLOTS:
+    void fieldChanged();
+
+private:
+    void watch();
+    void note(const QString &field, const QString &value);
+
+    std::shared_ptr<StillClock> m_clock = std::make_shared<StillClock>();
+    PlatformServices m_services;
+    QThreadPool m_pool;
+    QStringList m_transcript;
+    QHash<QString, InstallStatus> m_statuses;
+    std::unique_ptr<DeskrigViewModel> m_model;
+};
+
+} // namespace Tavelo
