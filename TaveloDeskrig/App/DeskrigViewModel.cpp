@@ -45,8 +45,12 @@ DeskrigViewModel::DeskrigViewModel(const PlatformServices &services, std::unique
         });
     m_cloud = std::make_unique<SupabaseClient>(
         services, std::move(transport),
-        [publish = publisher()](const QString &line) {
-            publish([line](DeskrigViewModel &model) { model.appendLog(u"Supabase: "_s + line); });
+        [self, queue = services.mainQueue](const QString &line) {
+            const auto append = [self, line] {
+                if (self)
+                    self->appendLog(u"Supabase: "_s + line);
+            };
+            queue->isMainThread() ? append() : queue->post(append);
         },
         SupabaseClient::loadConfig(services));
 

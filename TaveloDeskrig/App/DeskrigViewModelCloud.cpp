@@ -41,8 +41,12 @@ QString DeskrigViewModel::updateMessage() const
 
 void DeskrigViewModel::checkReleasePolicy(bool showToast)
 {
-    m_cloud->releasePolicy().then(
-        this, [this, showToast](const std::optional<ReleasePolicy> &policy) { applyReleasePolicy(policy, showToast); });
+    // A cloud that is not configured answers at once; the start still comes first.
+    publisher()([showToast](DeskrigViewModel &model) {
+        model.m_cloud->releasePolicy().then(&model, [&model, showToast](const std::optional<ReleasePolicy> &policy) {
+            model.applyReleasePolicy(policy, showToast);
+        });
+    });
 }
 
 void DeskrigViewModel::applyReleasePolicy(const std::optional<ReleasePolicy> &policy, bool showToast)

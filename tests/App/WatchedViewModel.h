@@ -14,12 +14,19 @@
 namespace Tavelo
 {
 
-/// Never answers, as a cloud that is not configured is never asked.
-struct SilentTransport : HttpTransport {
-    void send(const HttpRequest &, Receive receive) override { m_waiting.append(std::move(receive)); }
+/// A network on which nobody answers until the test does.
+struct HeldTransport : HttpTransport {
+    void send(const HttpRequest &, Receive receive) override { waiting.append(std::move(receive)); }
 
-private:
-    QList<Receive> m_waiting;
+    /// Answers the oldest request with this body.
+    void answer(const QByteArray &body)
+    {
+        HttpResponse response;
+        response.body = body;
+        waiting.takeFirst()(response);
+    }
+
+    QList<Receive> waiting;
 };
 
 /// The view model with a clock that the test moves, and a transcript of all that it publishes.
@@ -29,7 +36,7 @@ class WatchedViewModel : public QObject
 
 public:
     explicit WatchedViewModel(PlatformServices services,
-                              std::unique_ptr<HttpTransport> transport = std::make_unique<SilentTransport>());
+                              std::unique_ptr<HttpTransport> transport = std::make_unique<HeldTransport>());
     ~WatchedViewModel() override;
 
     DeskrigViewModel &operator*() { return *m_model; }
