@@ -61,7 +61,8 @@ public:
     /// The configuration of this copy. `TAVELO_SUPABASE_URL` and `TAVELO_SUPABASE_ANON_KEY` decide where both are set,
     /// for good or bad, with `TAVELO_SUPABASE_FUNCTIONS_URL`. Else the first that holds one of these: `supabase.json`
     /// in `AppRuntime::appSupportDir` and in `~/.config/tavelo-deskrig`, `config/supabase.json` in the program's
-    /// bundle and beside the working folder. Nothing if there is none.
+    /// bundle and beside the working folder; a file over 1 MiB holds none. Nothing if there is none. Needs the
+    /// application object, by which the bundle is found.
     static std::optional<SupabaseConfig> loadConfig(const PlatformServices &services);
 
     /// The configuration in its normal form; nothing for addresses that `SupabaseEndpointPolicy` refuses, for a key

@@ -25,7 +25,9 @@ constexpr qint64 maximumFileSize = qint64(1024) * 1024;
 
 std::optional<SupabaseConfig> configIn(const std::optional<QByteArray> &bytes)
 {
-    const QJsonObject file = QJsonDocument::fromJson(bytes.value_or(QByteArray())).object();
+    if (!bytes || bytes->size() > maximumFileSize)
+        return std::nullopt;
+    const QJsonObject file = QJsonDocument::fromJson(*bytes).object();
     return SupabaseClient::makeConfig(WireValue::firstString(file, {u"supabase_url"_s, u"url"_s}),
                                       WireValue::firstString(file, {u"anon_key"_s, u"supabase_anon_key"_s}),
                                       WireValue::string(file.value("functions_url"_L1)));
