@@ -218,6 +218,7 @@ QFuture<CloudResult> SupabaseClient::updateTechnicianBranding(const QString &dis
 
 QFuture<CloudResult> SupabaseClient::saveTechnicianProfile(const QString &name, const QString &itemIDsText) const
 {
+    // Only what is empty as typed is dropped: a blank between two commas goes out as an empty id.
     QJsonArray ids;
     const QStringList pieces = itemIDsText.split(u',', Qt::SkipEmptyParts);
     for (const QString &piece : pieces)

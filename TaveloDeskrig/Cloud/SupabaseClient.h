@@ -99,7 +99,8 @@ public:
     QFuture<CloudResult> updateTechnicianBranding(const QString &displayName,
                                                   const std::optional<QString> &logoDataURL) const;
 
-    /// Keeps a setup profile of the item ids in a text with commas between them, then fetches the workspace.
+    /// Keeps a setup profile of the item ids in a text with commas between them, then fetches the workspace. An
+    /// empty text sends no ids.
     QFuture<CloudResult> saveTechnicianProfile(const QString &name, const QString &itemIDsText) const;
 
     /// The frame of every request: the project's key goes with it, and so it goes to the project's host alone. A
