@@ -45,7 +45,10 @@ QString valueIn(const QByteArray &query, const QString &name)
     return QUrlQuery(QString::fromLatin1(query)).queryItemValue(name, QUrl::FullyDecoded);
 }
 
+const QString catalogColumns = u"item_id,name,group_key,kind,packages,description,is_active,sort_order,updated_at"_s;
+
 /// What is wrong with the keys of an object: one that is missing, is no text, or is not known; nothing if all is well.
+/// `others` are known, and whoever asks looks at their values.
 std::optional<QString> faultIn(const QJsonObject &object, const QStringList &texts, const QStringList &others = {})
 {
     for (const QString &key : texts) {
@@ -57,6 +60,13 @@ std::optional<QString> faultIn(const QJsonObject &object, const QStringList &tex
             return key + u" is not known"_s;
     }
     return std::nullopt;
+}
+
+bool isListOfTexts(const QJsonValue &value)
+{
+    const QJsonArray list = value.toArray();
+    return value.isArray() &&
+           std::all_of(list.begin(), list.end(), [](const QJsonValue &element) { return element.isString(); });
 }
 
 } // namespace
@@ -133,7 +143,8 @@ ServiceAnswer Services::releasePolicy(const ReceivedRequest &request) const
     const QByteArray query = request.query();
     if (namesIn(query) != u"product,platform,channel,current_version,current_build,app_version" ||
         valueIn(query, u"product"_s) != u"mac_deskrig" || valueIn(query, u"platform"_s) != u"macos" ||
-        valueIn(query, u"channel"_s) != u"stable" || valueIn(query, u"app_version"_s).isEmpty())
+        valueIn(query, u"channel"_s) != u"stable" || valueIn(query, u"current_version"_s).isEmpty() ||
+        valueIn(query, u"app_version"_s).isEmpty())
         return refusal(400, u"invalid_query"_s, QString::fromUtf8(query));
     return {200, StateFile::read(file(u"release-policy.json"_s))};
 }
@@ -141,11 +152,12 @@ ServiceAnswer Services::releasePolicy(const ReceivedRequest &request) const
 ServiceAnswer Services::catalog(const ReceivedRequest &request) const
 {
     const QByteArray query = request.query();
-    if (namesIn(query) != u"select,order" || valueIn(query, u"order"_s) != u"sort_order.asc")
+    if (namesIn(query) != u"select,order" || valueIn(query, u"select"_s) != catalogColumns ||
+        valueIn(query, u"order"_s) != u"sort_order.asc")
         return refusal(400, u"invalid_query"_s, QString::fromUtf8(query));
     QList<QJsonObject> rows;
     const QJsonArray kept = StateFile::read(file(u"app_catalog.json"_s)).toArray();
-    const QStringList columns = valueIn(query, u"select"_s).split(u',');
+    const QStringList columns = catalogColumns.split(u',');
     for (const QJsonValue row : kept) {
         QJsonObject selected;
         for (const QString &column : columns)
@@ -167,10 +179,14 @@ ServiceAnswer Services::installReport(const QJsonObject &report) const
 {
     if (const auto fault = faultIn(report, {u"app_version"_s}, {u"summary"_s, u"items"_s}))
         return badBody(*fault);
+    if (!report["items"_L1].isArray())
+        return badBody(u"items must be a list"_s);
     const QStringList columns{u"item_id"_s, u"name"_s, u"group_key"_s, u"kind"_s, u"status"_s};
     const QJsonArray items = report["items"_L1].toArray();
     int installed = 0;
     for (const QJsonValue item : items) {
+        if (!item.isObject())
+            return badBody(u"each of the items must be an object"_s);
         if (const auto fault = faultIn(item.toObject(), columns))
             return badBody(*fault);
         installed += item["status"_L1] == u"installed"_s ? 1 : 0;
@@ -194,6 +210,8 @@ ServiceAnswer Services::businessConfig(const QJsonObject &request) const
         StateFile::write(file(u"business.json"_s), state);
     } else if (action != u"fetch") {
         return badBody(u"unknown action"_s);
+    } else if (request["department"_L1] != QString() || request["asset_code"_L1] != QString()) {
+        return badBody(u"department and asset_code must be empty in a fetch"_s);
     }
     return {200, state};
 }
@@ -212,6 +230,8 @@ ServiceAnswer Services::workspace(const QJsonObject &request) const
     if (action == u"update_branding") {
         if (const auto fault = faultIn(change, {u"display_name"_s}, {u"logo_data_url"_s}))
             return badBody(*fault);
+        if (change.contains("logo_data_url"_L1) && !change["logo_data_url"_L1].isString())
+            return badBody(u"logo_data_url must be a text"_s);
         QJsonObject branding = state["workspace"_L1].toObject();
         for (const QString &key : change.keys())
             branding.insert(key, change.value(key));
@@ -219,6 +239,9 @@ ServiceAnswer Services::workspace(const QJsonObject &request) const
     } else if (action == u"save_profile") {
         if (const auto fault = faultIn(change, {u"name"_s}, {u"item_ids"_s}))
             return badBody(*fault);
+        if (change.contains("item_ids"_L1) &&
+            (!isListOfTexts(change["item_ids"_L1]) || change["item_ids"_L1].toArray().isEmpty()))
+            return badBody(u"item_ids must be a list of texts, and not an empty one"_s);
         QJsonArray profiles = state["profiles"_L1].toArray();
         profiles.append(change);
         state.insert(u"profiles"_s, profiles);

@@ -35,8 +35,9 @@ struct ServiceAnswer {
 ///     workspace.json        workspace and profiles, of `/functions/v1/manage-technician-workspace`
 ///     reports/              what `/functions/v1/upload-install-report` received, one file each
 ///
-/// Strict on purpose: a request that differs from what the services expect in method, named query fields, headers or the
-/// shape of its body is refused, and `detail` says why. Not every value is looked at.
+/// Strict on purpose: a request that the program would not send is refused, and `detail` says why. Looked at are its
+/// method and path, the headers that the program sets, and each key of its query or body with its value, or with the
+/// value's type where that differs from Mac to Mac.
 class Services
 {
 public:
