@@ -1,6 +1,7 @@
 #include "Certificate.h"
 
 #include <QHostAddress>
+#include <QSslCertificate>
 
 #include <memory>
 
@@ -110,6 +111,15 @@ Certificate Certificate::make(const QStringList &names, int days)
             pem([&](BIO *to) { return PEM_write_bio_X509(to, server.get()); }), pem([&](BIO *to) {
                 return PEM_write_bio_PrivateKey(to, serverKey.get(), nullptr, nullptr, 0, nullptr, nullptr);
             })};
+}
+
+bool Certificate::serves(QStringList names, const QDateTime &at) const
+{
+    const QSslCertificate certificate(server);
+    QStringList held = certificate.subjectAlternativeNames().values();
+    held.sort();
+    names.sort();
+    return !authority.isEmpty() && !serverKey.isEmpty() && held == names && certificate.expiryDate() > at;
 }
 
 } // namespace Tavelo

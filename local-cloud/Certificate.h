@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QDateTime>
 #include <QStringList>
 
 namespace Tavelo
@@ -17,6 +18,9 @@ struct Certificate {
 
     /// Valid from now on for that many days, for names and IPv4 addresses.
     static Certificate make(const QStringList &names, int days);
+
+    /// Whether it is whole, holds these names and no others, and is still good at that time.
+    bool serves(QStringList names, const QDateTime &at) const;
 };
 
 } // namespace Tavelo

@@ -8,7 +8,6 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
-#include <QSslCertificate>
 #include <QTextStream>
 
 using namespace Qt::StringLiterals;
@@ -26,15 +25,14 @@ QByteArray contents(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// The folder's certificate, so that who trusts it today trusts it tomorrow; a new one where there is none or it has
-/// run out.
+/// The folder's certificate, so that who trusts it today trusts it tomorrow; a new one where there is none, it is for
+/// other names, or it has run out.
 Certificate certificateIn(const QString &folder, const QStringList &names)
 {
     const QString authority = folder + u"/authority.crt"_s, server = folder + u"/server.crt"_s,
                   serverKey = folder + u"/server.key"_s;
     Certificate kept{contents(authority), contents(server), contents(serverKey)};
-    if (!kept.authority.isEmpty() && !kept.serverKey.isEmpty() &&
-        QSslCertificate(kept.server).expiryDate() > QDateTime::currentDateTime().addDays(1))
+    if (kept.serves(names, QDateTime::currentDateTime().addDays(1)))
         return kept;
     Certificate made = Certificate::make(names, validDays);
     StateFile::replacePrivate(serverKey, made.serverKey);
@@ -54,7 +52,7 @@ int main(int argc, char *argv[])
     parser.addPositionalArgument(u"FOLDER"_s, u"Where its state lies; made if it is not there."_s);
     const QCommandLineOption port(u"port"_s, u"Port to listen on; 0, the default, takes a free one."_s, u"NUMBER"_s,
                                   u"0"_s);
-    const QCommandLineOption name(u"name"_s, u"Name or address that a new certificate holds (default: localhost)."_s,
+    const QCommandLineOption name(u"name"_s, u"Name or address that its certificate holds (default: localhost)."_s,
                                   u"NAME"_s);
     parser.addOptions({port, name});
     parser.process(application);
