@@ -1,6 +1,8 @@
+#include "Catalog.h"
 #include "CloudCache.h"
+#include "DrivenClient.h"
+#include "MainQueue.h"
 #include "ReleaseDownloadPolicy.h"
-#include "SupabaseClient.h"
 #include "SupabaseEndpointPolicy.h"
 #include "Table.h"
 #include "TemporaryMac.h"
@@ -9,13 +11,27 @@
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QTest>
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 using namespace Tavelo;
 
 namespace
 {
+
+/// Keeps what is sent and answers nothing.
+struct SilentTransport : HttpTransport {
+    explicit SilentTransport(QList<HttpRequest> &requests) : sent(requests) {}
+    void send(const HttpRequest &request, Receive receive) override
+    {
+        sent.append(request);
+        waiting.append(std::move(receive));
+    }
+
+    QList<HttpRequest> &sent;
+    QList<Receive> waiting;
+};
 
 /// "URL KEY FUNCTIONS", or "none".
 QString summary(const std::optional<SupabaseConfig> &config)
@@ -45,6 +61,9 @@ private Q_SLOTS:
     void releasePolicies();
     void cachesReadWholeOrNotAtAll();
     void cachesStayReadable();
+    void withoutConfiguration();
+    void refusedBeforeItIsSent();
+    void startUpWaitsForNothing();
 };
 
 void CloudRulesTest::configs()
@@ -72,8 +91,10 @@ void CloudRulesTest::configSources()
             return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && (file.close(), true);
         };
         QVERIFY(QDir().mkpath(folder));
-        for (const char *bytes : {"{", "[]", R"({"url": "http://h.example", "anon_key": "k"})",
-                                  R"({"url": "https://h.example", "anon_key": null})"}) {
+        for (const QByteArray &bytes :
+             {QByteArray("{"), QByteArray("[]"), QByteArray(R"({"url": "http://h.example", "anon_key": "k"})"),
+              QByteArray(R"({"url": "https://h.example", "anon_key": null})"),
+              R"({"url": "https://h.example", "anon_key": "k"})" + QByteArray(1 << 20, ' ')}) {
             QVERIFY(write(bytes));
             QCOMPARE(found(), before);
         }
@@ -110,9 +131,11 @@ void CloudRulesTest::addresses()
     QFETCH(const QString, purpose);
     QFETCH(QString, address);
     address.replace(u"HOST"_s, *ReleaseDownloadPolicy::allowedHosts().cbegin());
+    const std::optional<QUrl> download = ReleaseDownloadPolicy::validatedURL(address);
     const bool good = purpose == u"request" ? SupabaseEndpointPolicy::allows(QUrl(address), u"https://h.example"_s)
-                                            : ReleaseDownloadPolicy::validatedURL(address).has_value();
+                                            : download.has_value();
     QTEST(yesNo(good), "answer");
+    QCOMPARE(download.value_or(QUrl(address)), QUrl(address));
 }
 
 void CloudRulesTest::releasePolicies()
@@ -171,6 +194,58 @@ void CloudRulesTest::cachesStayReadable()
         QCOMPARE(error.code, EFBIG);
         QCOMPARE(SupabaseClient::cachedBusinessPolicyRows(services).size(), 1);
     }
+}
+
+void CloudRulesTest::withoutConfiguration()
+{
+    DrivenClient none(TemporaryMac().services(), u"http://h.example"_s);
+    for (const char *action : {"sync", "upload", "fetch", "update", "workspace", "branding", "profile"})
+        QCOMPARE(none.perform(QString::fromLatin1(action)),
+                 (CloudResult{false, u"Chưa cấu hình Supabase URL/anon key."_s}));
+    QCOMPARE(none.perform(u"policy"_s), (CloudResult{false, u"Bỏ qua release policy vì chưa cấu hình Supabase."_s}));
+    QCOMPARE(awaited(none.client.requestJSON(u"https://h.example"_s, "GET", {})).body, u"Chưa cấu hình Supabase."_s);
+}
+
+void CloudRulesTest::refusedBeforeItIsSent()
+{
+    const TemporaryMac mac;
+    const PlatformServices services = mac.services();
+    QList<HttpRequest> sent;
+    QStringList logged;
+    const SupabaseClient broken(
+        services, std::make_unique<SilentTransport>(sent), [&](const QString &line) { logged.append(line); },
+        SupabaseConfig{u"https://h.example/%"_s, u"k"_s, u"https://h.example/%"_s});
+    QVERIFY(!awaited(broken.releasePolicy()));
+    QCOMPARE(logged, QStringList(u"Không tạo được release policy URL."_s));
+    QCOMPARE(awaited(broken.syncCatalog()), (CloudResult{false, u"Không tạo được URL đồng bộ catalog."_s}));
+
+    const SupabaseClient good(services, std::make_unique<SilentTransport>(sent), {},
+                              SupabaseConfig{u"https://h.example"_s, u"k"_s, u"https://h.example/f"_s});
+    for (const char *url : {"http://h.example/x", "https://evil.example/x", "https://u@h.example", "/x", "x y", ""})
+        QCOMPARE(awaited(good.requestJSON(QString::fromLatin1(url), "GET", {})).body,
+                 u"Endpoint Supabase phải dùng HTTPS và cùng host với project đã cấu hình."_s);
+    const QJsonObject wrong{{u"a"_s, QJsonArray{std::nan("")}}};
+    QCOMPARE(awaited(good.requestJSON(u"https://h.example"_s, "POST", wrong)).body,
+             u"Payload JSON không hợp lệ: Invalid number value in JSON write"_s);
+    services.mainQueue->service();
+    QVERIFY(sent.isEmpty());
+}
+
+void CloudRulesTest::startUpWaitsForNothing()
+{
+    const TemporaryMac mac;
+    const PlatformServices services = mac.services();
+    QList<HttpRequest> sent;
+    const SupabaseClient cloud(services, std::make_unique<SilentTransport>(sent), {},
+                               SupabaseConfig{u"https://h.example"_s, u"k"_s, u"https://h.example/f"_s});
+    const auto policy = cloud.releasePolicy();
+    QVERIFY(sent.isEmpty()); // not even a name is looked up before the loop runs
+    services.mainQueue->service();
+    QCOMPARE(sent.size(), 1);
+    QCOMPARE(sent[0].timeout, std::chrono::seconds(20));
+    QVERIFY(sent[0].url.query().endsWith(u"&current_version=dev&current_build=&app_version=dev"));
+    QVERIFY(!policy.isFinished());
+    QCOMPARE(SupabaseClient::cachedCatalog(services), Catalog::items());
 }
 
 QTEST_GUILESS_MAIN(CloudRulesTest)

@@ -16,14 +16,22 @@ public:
     explicit RunningCloud(const QStringList &options = {});
     ~RunningCloud();
 
-    QString url() const { return m_url; }
-    QString authority() const { return m_folder.filePath(QStringLiteral("authority.crt")); }
+    /// Ends it and starts it again over the same folder.
+    void restart(const QStringList &options);
 
-    /// Writes a file of its folder: the state of a service, or what goes wrong.
+    QString url() const { return m_url; }
+
+    /// Makes this process trust it, as a user's system does that has its authority.
+    void trust() const;
+
+    /// Writes a file of its folder: the state of a service.
     void write(const QString &file, const QByteArray &bytes) const;
 
-    /// The requests since the last time: "METHOD TARGET", the headers that are not the library's own as "NAME: VALUE",
-    /// and the body, a line each.
+    /// What goes wrong with every service from now on, as an object of `disturbances.json`; "{}" for nothing.
+    void disturb(const QString &disturbance) const;
+
+    /// The requests since the last time, each of three lines: "METHOD TARGET", the headers that are not the library's
+    /// own as "NAME: VALUE; …", and the body.
     QStringList takeRequests() const;
 
 private:

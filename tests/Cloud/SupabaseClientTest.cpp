@@ -1,21 +1,15 @@
-#include "SupabaseClient.h"
 #include "Catalog.h"
-#include "FileManager.h"
+#include "Clock.h"
+#include "DrivenClient.h"
 #include "Golden.h"
-#include "MainQueue.h"
-#include "NetworkTransport.h"
 #include "RunningCloud.h"
 #include "Table.h"
 #include "TemporaryMac.h"
 
-#include <QJsonArray>
+#include <QJsonDocument>
 #include <QNetworkProxyFactory>
-#include <QSslConfiguration>
-#include <QTcpServer>
-#include <QTest>
 
 #include <atomic>
-#include <cmath>
 #include <thread>
 
 using namespace Qt::StringLiterals;
@@ -24,26 +18,8 @@ using namespace Tavelo;
 namespace
 {
 
-/// Keeps what is sent and answers nothing.
-class SilentTransport : public HttpTransport
-{
-public:
-    explicit SilentTransport(QList<HttpRequest> &sent) : m_sent(sent) {}
-    void send(const HttpRequest &request, Receive receive) override
-    {
-        m_sent.append(request);
-        m_waiting.append(std::move(receive));
-    }
-
-private:
-    QList<HttpRequest> &m_sent;
-    QList<Receive> m_waiting;
-};
-
 /// The real one with less patience, so that a test need not wait for twenty seconds.
-class ImpatientTransport : public NetworkTransport
-{
-public:
+struct ImpatientTransport : NetworkTransport {
     void send(const HttpRequest &request, Receive receive) override
     {
         HttpRequest hurried = request;
@@ -51,34 +27,6 @@ public:
         NetworkTransport::send(hurried, std::move(receive));
     }
 };
-
-/// A disk that takes no file as a whole.
-class FullDisk : public FileManager
-{
-public:
-    using FileManager::FileManager;
-    bool writeAtomically(const QString &, const QByteArray &, mode_t, FileError *error) const override
-    {
-        *error = {ENOSPC, u"No space left on device"_s};
-        return false;
-    }
-};
-
-/// The result, once the main loop has brought it.
-template <typename Result>
-Result awaited(const QFuture<Result> &future)
-{
-    return QTest::qWaitFor([&future] { return future.isFinished(); }, 30000) ? future.result() : Result();
-}
-
-void trust(const RunningCloud &cloud)
-{
-    // A user adds the authority to the system's own store; this is that store, for this process.
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    if (!configuration.addCaCertificates(cloud.authority()))
-        qFatal("no authority");
-    QSslConfiguration::setDefaultConfiguration(configuration);
-}
 
 const QString cacheFolder = u"/Users/technician/Library/Caches/tavelo-deskrig/"_s;
 
@@ -94,71 +42,26 @@ private Q_SLOTS:
     void failures_data() { rowsOfTable(u"cloud-failures.txt"_s, {"action", "disturbance", "message"}); }
     void failures();
     void unreachable();
-    void withoutConfiguration();
-    void refusedBeforeItIsSent();
-    void startUpWaitsForNothing();
+    void refusals_data() { rowsOfTable(u"local-cloud-refusals.txt"_s, {"target", "body", "detail"}); }
+    void refusals();
+    void goesWithWhatIsUnderWay();
     void startedOnAnotherThread();
     void unwritableCacheKeepsTheEarlierOne();
 
-private:
-    template <typename Transport = NetworkTransport>
-    SupabaseClient client(const PlatformServices &services, const QString &url)
-    {
-        return {services, std::make_unique<Transport>(), [this](const QString &line) { m_logged = line; },
-                SupabaseClient::makeConfig(url, u"local-anon-key"_s, {})};
-    }
-    CloudResult perform(const SupabaseClient &client, const QString &action);
-    void disturb(const QString &action, const QString &disturbance) const;
-
-    QString m_logged; ///< The last line.
+private: // NOLINT(readability-redundant-access-specifiers): not for moc
     RunningCloud m_cloud;
     RunningCloud m_other{{u"--name"_s, u"127.0.0.1"_s}}; ///< Trusted as well, and none of the project's business.
 };
 
 void SupabaseClientTest::initTestCase()
 {
+    qputenv("TZ", "ICT-7"); // so that local time is not what goes over the wire
     QNetworkProxyFactory::setUseSystemConfiguration(false);
-    trust(m_cloud);
-    trust(m_other);
-    const TemporaryMac mac;
-    QVERIFY(perform(client(mac.services(), m_other.url()), u"fetch"_s).ok);
+    m_cloud.trust();
+    m_other.trust();
+    m_other.restart({u"--name"_s, u"127.0.0.1"_s}); // it is trusted still
+    QVERIFY(DrivenClient(TemporaryMac().services(), m_other.url()).perform(u"fetch"_s).ok);
     QVERIFY(!m_other.takeRequests().isEmpty());
-}
-
-/// The result of an action, told by a short name; that of a release policy is its version or the line that is logged.
-CloudResult SupabaseClientTest::perform(const SupabaseClient &client, const QString &action)
-{
-    if (action == u"policy") {
-        const auto policy = awaited(client.releasePolicy());
-        return {policy.has_value(), policy ? policy->latestVersion : m_logged};
-    }
-    const auto row = [](const QString &id, const QString &status) {
-        return QMap<QString, QString>{{u"item_id"_s, id},
-                                      {u"name"_s, id.toUpper()},
-                                      {u"group_key"_s, u"media"_s},
-                                      {u"kind"_s, u"cask"_s},
-                                      {u"status"_s, status}};
-    };
-    return awaited(action == u"sync" ? client.syncCatalog()
-                   : action == u"upload"
-                       ? client.uploadReport({row(u"vlc"_s, u"installed"_s), row(u"gimp"_s, u"missing"_s)})
-                   : action == u"fetch"     ? client.businessDeviceConfig(u"fetch"_s, {}, {})
-                   : action == u"update"    ? client.businessDeviceConfig(u"update"_s, u"Kế toán"_s, u"A-1"_s)
-                   : action == u"workspace" ? client.syncTechnicianWorkspace()
-                   : action == u"branding"  ? client.updateTechnicianBranding(u"Cửa hàng"_s, std::nullopt)
-                   : action == u"logo" ? client.updateTechnicianBranding(u"Cửa hàng"_s, u"data:image/png;base64,AA=="_s)
-                   : action == u"profile" ? client.saveTechnicianProfile(u" Văn phòng\n"_s, u" vlc,,gimp\n"_s)
-                                          : client.saveTechnicianProfile(u"Tất cả"_s, {}));
-}
-
-void SupabaseClientTest::disturb(const QString &action, const QString &disturbance) const
-{
-    const QString path = action == u"sync"     ? u"/rest/v1/app_catalog"_s
-                         : action == u"policy" ? u"/functions/v1/release-policy"_s
-                         : action == u"upload" ? u"/functions/v1/upload-install-report"_s
-                         : action == u"fetch"  ? u"/functions/v1/business-device-config"_s
-                                               : u"/functions/v1/manage-technician-workspace"_s;
-    m_cloud.write(u"disturbances.json"_s, u"{\"%1\": %2}"_s.arg(path, disturbance).toUtf8());
 }
 
 /// Each request as it arrives over TLS, redirects included, with the sentence that it leads to; then what is cached.
@@ -166,18 +69,19 @@ void SupabaseClientTest::requests()
 {
     const TemporaryMac mac;
     PlatformServices services = mac.services();
+    services.clock->sleep(std::chrono::milliseconds(67));
     services.ownBundleInfo = {{u"CFBundleShortVersionString"_s, u"1.2+3&x"_s}, {u"CFBundleVersion"_s, u"34"_s}};
     m_cloud.write(u"release-policy.json"_s, R"({"latest_version": "2.0"})");
     m_cloud.write(u"app_catalog.json"_s, R"([{"item_id": "vlc", "sort_order": 5}, {"item_id": "gimp", "sort_order": 1},
                                              {"item_id": "xournalpp", "is_active": false}])");
     m_cloud.write(u"business.json"_s, R"({"organization": {"name": "Công ty Ví dụ"},
                                           "policies": [{"policy": {"disabled_item_ids": ["vlc"]}}]})");
-    const SupabaseClient cloud = client(services, m_cloud.url());
+    DrivenClient cloud(services, m_cloud.url());
     QString transcript;
     const auto step = [&](const QString &action, const QString &disturbance = u"{}"_s) {
-        disturb(action, disturbance);
+        m_cloud.disturb(disturbance);
         m_cloud.takeRequests();
-        const CloudResult result = perform(cloud, action);
+        const CloudResult result = cloud.perform(action);
         transcript += u"== %1 %2\n%3\n=> %4 %5\n\n"_s.arg(action, disturbance, m_cloud.takeRequests().join(u'\n'),
                                                           result.ok ? u"OK"_s : u"failed"_s, result.message);
     };
@@ -192,18 +96,21 @@ void SupabaseClientTest::requests()
     step(u"fetch"_s, redirect.arg(303).arg(u"/moved"_s));
     step(u"fetch"_s, redirect.arg(307).arg(u"/moved"_s));
     step(u"fetch"_s, redirect.arg(308).arg(u"/functions/v1/business-device-config"_s));
-    for (const char *name : {"supabase-catalog.json", "business-policy.json", "technician-workspace.json"}) {
-        const QString file = cacheFolder + QString::fromLatin1(name);
-        transcript += u"== %1 %2\n%3\n\n"_s.arg(QString::fromLatin1(name))
-                          .arg(mac.mode(file), 0, 8)
-                          .arg(QString::fromUtf8(mac.contents(file)));
-    }
+    const auto show = [&](const QString &name) {
+        const QString file = cacheFolder + name, text = QString::fromUtf8(mac.contents(file));
+        transcript += u"== %1 %2\n%3\n\n"_s.arg(name).arg(mac.mode(file), 0, 8).arg(text);
+    };
+    for (const char *name : {"supabase-catalog.json", "business-policy.json", "technician-workspace.json"})
+        show(QString::fromLatin1(name));
     for (const auto &item : SupabaseClient::cachedCatalog(services).first(3))
         transcript += item.id + u'\n';
     // Answers with next to nothing in them.
     step(u"fetch"_s, u"{\"status\": 204, \"body\": \"\"}"_s);
     step(u"workspace"_s, u"{\"body\": \"{\\\"workspace\\\": [], \\\"profiles\\\": 5}\"}"_s);
-    static const QRegularExpression varying(u"[0-9a-f]{8}-[0-9a-f-]{27}|(?i:localhost:\\d+)|20\\d\\d-[0-9T:.-]+Z"_s);
+    step(u"sync"_s, u"{\"body\": \"[]\"}"_s);
+    show(u"supabase-catalog.json"_s);
+    QCOMPARE(SupabaseClient::cachedCatalog(services), Catalog::items());
+    static const QRegularExpression varying(u"[0-9a-f]{8}-[0-9a-f-]{27}|(?i:localhost:\\d+)"_s);
     QCOMPARE(differencesFromGolden(u"cloud-requests.txt"_s, transcript.replace(varying, u"…"_s).toUtf8()),
              QByteArray());
 }
@@ -221,13 +128,14 @@ void SupabaseClientTest::failures()
               R"({"policies": [{"policy": {"allowed_item_ids": ["gimp", "vlc"]}}]})");
     const QList<AppItem> before = SupabaseClient::cachedCatalog(services);
     QCOMPARE(before.size(), 2);
-    const QByteArray packed = qCompress(QByteArray(6 * 1024 * 1024, ' ')).sliced(4).toBase64();
-    disturb(action, disturbance.replace(u"DEFLATED"_s, QString::fromLatin1(packed)).replace(u"OTHER"_s, m_other.url()));
+    const QByteArray packed = qCompress(QByteArray(6 << 20, ' ')).sliced(4).toBase64();
+    m_cloud.disturb(disturbance.replace(u"DEFLATED"_s, QString::fromLatin1(packed)).replace(u"OTHER"_s, m_other.url()));
     m_cloud.takeRequests();
-    const SupabaseClient cloud = message.endsWith(u"timed out") ? client<ImpatientTransport>(services, m_cloud.url())
-                                                                : client(services, m_cloud.url());
-    QCOMPARE(perform(cloud, action), (CloudResult{false, message}));
-    QCOMPARE(m_cloud.takeRequests().filter(u"apikey"_s).size(), 1);
+    DrivenClient cloud(services, m_cloud.url(),
+                       message.endsWith(u"timed out") ? std::make_unique<ImpatientTransport>()
+                                                      : std::make_unique<NetworkTransport>());
+    QCOMPARE(cloud.perform(action), (CloudResult{false, message}));
+    QCOMPARE(m_cloud.takeRequests().size(), 1);
     QCOMPARE(m_other.takeRequests(), QStringList());
     QCOMPARE(SupabaseClient::cachedCatalog(services), before);
 }
@@ -237,90 +145,73 @@ void SupabaseClientTest::unreachable()
 {
     const TemporaryMac mac;
     const RunningCloud untrusted;
-    const RunningCloud misnamed({u"--name"_s, u"elsewhere.example"_s});
-    trust(misnamed);
-    QTcpServer closed;
-    QVERIFY(closed.listen(QHostAddress::LocalHost));
-    const QString closedURL = u"https://127.0.0.1:%1"_s.arg(closed.serverPort());
-    closed.close();
+    RunningCloud misnamed;
+    misnamed.restart({u"--name"_s, u"elsewhere.example"_s});
+    misnamed.trust();
     const auto sentence = [&](const QString &url) {
-        return perform(client(mac.services(), url), u"workspace"_s).message.section(u": "_s, 1);
+        return DrivenClient(mac.services(), url).perform(u"workspace"_s).message.section(u": "_s, 1);
     };
     QCOMPARE(sentence(untrusted.url()),
-             u"SSL handshake failed: The issuer certificate of a locally looked up certificate "
-             u"could not be found"_s);
+             u"SSL handshake failed: The issuer certificate of a locally looked up certificate could not be found"_s);
     QCOMPARE(sentence(QString(misnamed.url()).replace(u"elsewhere.example"_s, u"localhost"_s)),
              u"SSL handshake failed: The host name did not match any of the valid hosts for this certificate"_s);
-    QCOMPARE(sentence(closedURL), u"Connection refused"_s);
+    QCOMPARE(sentence(u"https://127.0.0.1:1"_s), u"Connection refused"_s);
     QCOMPARE(untrusted.takeRequests() + misnamed.takeRequests(), QStringList());
 }
 
-void SupabaseClientTest::withoutConfiguration()
+/// What the program never sends, so that the local cloud's agreement means something.
+void SupabaseClientTest::refusals()
 {
-    const TemporaryMac mac;
-    const SupabaseClient none = client(mac.services(), u"http://h.example"_s);
-    for (const char *action : {"sync", "upload", "fetch", "update", "workspace", "branding", "profile"})
-        QCOMPARE(perform(none, QString::fromLatin1(action)),
-                 (CloudResult{false, u"Chưa cấu hình Supabase URL/anon key."_s}));
-    QCOMPARE(perform(none, u"policy"_s), (CloudResult{false, u"Bỏ qua release policy vì chưa cấu hình Supabase."_s}));
-    QCOMPARE(awaited(none.requestJSON(u"https://h.example"_s, "GET", {})).body, u"Chưa cấu hình Supabase."_s);
+    QFETCH(const QString, target);
+    QFETCH(const QString, body);
+    const DrivenClient cloud(TemporaryMac().services(), m_cloud.url());
+    m_cloud.disturb(u"{}"_s);
+    const auto payload = body.isEmpty() ? std::nullopt : std::optional(QJsonDocument::fromJson(body.toUtf8()).object());
+    const auto answer = awaited(cloud.client.requestJSON(m_cloud.url() + target, payload ? "POST" : "GET", payload));
+    QTEST(answer.body["detail"_L1].toString(), "detail");
 }
 
-void SupabaseClientTest::refusedBeforeItIsSent()
+/// A client that goes takes with it what is under way, also where it goes because of an answer of its own.
+void SupabaseClientTest::goesWithWhatIsUnderWay()
 {
     const TemporaryMac mac;
-    const PlatformServices services = mac.services();
-    QList<HttpRequest> sent;
-    const SupabaseClient broken(
-        services, std::make_unique<SilentTransport>(sent), [this](const QString &line) { m_logged = line; },
-        SupabaseConfig{u"https://h.example/%"_s, u"k"_s, u"https://h.example/%"_s});
-    QCOMPARE(perform(broken, u"policy"_s), (CloudResult{false, u"Không tạo được release policy URL."_s}));
-    QCOMPARE(perform(broken, u"sync"_s), (CloudResult{false, u"Không tạo được URL đồng bộ catalog."_s}));
+    std::optional<DrivenClient> cloud(std::in_place, mac.services(), m_cloud.url());
+    int received = 0;
+    const auto end = [&](const CloudResult &) {
+        ++received;
+        cloud.reset();
+    };
+    m_cloud.takeRequests();
+    m_cloud.disturb(u"{\"delay_ms\": 60000}"_s);
+    QFuture<CloudResult> late = cloud->client.syncCatalog();
+    late.then(this, end);
+    QVERIFY(QTest::qWaitFor([this] { return !m_cloud.takeRequests().isEmpty(); }));
+    cloud.reset();
+    QVERIFY(late.isCanceled());
 
-    const SupabaseClient good(services, std::make_unique<SilentTransport>(sent), {},
-                              SupabaseConfig{u"https://h.example"_s, u"k"_s, u"https://h.example/f"_s});
-    for (const char *url : {"http://h.example/x", "https://evil.example/x", "https://u@h.example", "/x", "x y", ""})
-        QCOMPARE(awaited(good.requestJSON(QString::fromLatin1(url), "GET", {})).body,
-                 u"Endpoint Supabase phải dùng HTTPS và cùng host với project đã cấu hình."_s);
-    const QJsonObject wrong{{u"a"_s, QJsonArray{std::nan("")}}};
-    QCOMPARE(awaited(good.requestJSON(u"https://h.example"_s, "POST", wrong)).body,
-             u"Payload JSON không hợp lệ: Invalid number value in JSON write"_s);
-    services.mainQueue->service();
-    QVERIFY(sent.isEmpty());
-}
-
-void SupabaseClientTest::startUpWaitsForNothing()
-{
-    const TemporaryMac mac;
-    const PlatformServices services = mac.services();
-    QList<HttpRequest> sent;
-    bool continued = false;
-    QFuture<std::optional<ReleasePolicy>> policy;
-    {
-        const SupabaseClient cloud(services, std::make_unique<SilentTransport>(sent), {},
-                                   SupabaseClient::makeConfig(m_cloud.url(), u"k"_s, {}));
-        policy = cloud.releasePolicy();
-        cloud.updateTechnicianBranding({}, {}).then(this, [&](const CloudResult &) { continued = true; });
-        QVERIFY(sent.isEmpty()); // not even a name is looked up before the loop runs
-        services.mainQueue->service();
-        QCOMPARE(sent.size(), 2);
-        QCOMPARE(sent[0].timeout, std::chrono::seconds(20));
-        QVERIFY(!policy.isFinished());
-        QCOMPARE(SupabaseClient::cachedCatalog(services), Catalog::items());
+    for (const char *disturbance : {"{}", R"({"body": "0123456789", "repeat": 1000000})"}) {
+        m_cloud.disturb(QString::fromLatin1(disturbance));
+        cloud.emplace(mac.services(), m_cloud.url());
+        cloud->client.updateTechnicianBranding({}, {}).then(this, end);
+        QTRY_VERIFY(!cloud);
+        cloud.emplace(mac.services(), m_cloud.url());
+        cloud->client.updateTechnicianBranding({}, {}).then(this, end);
+        cloud->client.syncCatalog().then(this, end); // one of the two comes first, and the other never
+        QTRY_VERIFY(!cloud);
     }
-    // A client that goes takes with it what was under way.
-    QVERIFY(policy.isCanceled());
-    QCoreApplication::processEvents();
-    QVERIFY(!continued);
+    m_cloud.disturb(u"{}"_s);
+    QVERIFY(DrivenClient(mac.services(), m_cloud.url()).perform(u"workspace"_s).ok);
+    QCOMPARE(received, 4);
 }
 
 void SupabaseClientTest::startedOnAnotherThread()
 {
     const TemporaryMac mac;
-    const SupabaseClient cloud = client(mac.services(), m_cloud.url());
+    const DrivenClient cloud(mac.services(), m_cloud.url());
+    m_cloud.disturb(u"{}"_s);
     QThread *continuedOn = nullptr;
     QFuture<CloudResult> started;
-    std::thread([&] { started = cloud.syncTechnicianWorkspace(); }).join();
+    std::thread([&] { started = cloud.client.syncTechnicianWorkspace(); }).join();
     const auto done = started.then(this, [&](const CloudResult &) { continuedOn = QThread::currentThread(); });
     QTRY_VERIFY(done.isFinished());
     QCOMPARE(continuedOn, QThread::currentThread());
@@ -328,7 +219,7 @@ void SupabaseClientTest::startedOnAnotherThread()
     QString message;
     std::atomic<bool> ended = false;
     std::thread waiting([&] {
-        message = cloud.syncTechnicianWorkspace().result().message;
+        message = cloud.client.syncTechnicianWorkspace().result().message;
         ended = true;
     });
     QTRY_VERIFY(ended);
@@ -339,16 +230,17 @@ void SupabaseClientTest::startedOnAnotherThread()
 void SupabaseClientTest::unwritableCacheKeepsTheEarlierOne()
 {
     const TemporaryMac mac;
-    PlatformServices services = mac.services();
-    mac.write(cacheFolder + u"supabase-catalog.json"_s, "earlier");
-    services.files = std::make_shared<FullDisk>(services.files->root());
-    const SupabaseClient cloud = client(services, m_cloud.url());
-    m_cloud.write(u"disturbances.json"_s, "{}");
-    const QString full = u"No space left on device"_s;
-    QCOMPARE(perform(cloud, u"sync"_s), (CloudResult{false, u"Không ghi được cache catalog: "_s + full}));
-    QCOMPARE(perform(cloud, u"fetch"_s), (CloudResult{false, u"Không lưu được policy Business: "_s + full}));
-    QCOMPARE(perform(cloud, u"logo"_s), (CloudResult{false, u"Không lưu được workspace: "_s + full}));
-    QCOMPARE(mac.contents(cacheFolder + u"supabase-catalog.json"_s), QByteArray("earlier"));
+    for (const char *name : {"supabase-catalog", "business-policy", "technician-workspace"})
+        mac.write(u"%1%2.json/earlier"_s.arg(cacheFolder, QString::fromLatin1(name)), {});
+    DrivenClient cloud(mac.services(), m_cloud.url());
+    m_cloud.disturb(u"{}"_s);
+    const QString reason = u"Is a directory"_s;
+    QCOMPARE(cloud.perform(u"sync"_s), (CloudResult{false, u"Không ghi được cache catalog: "_s + reason}));
+    QCOMPARE(cloud.perform(u"fetch"_s), (CloudResult{false, u"Không lưu được policy Business: "_s + reason}));
+    QCOMPARE(cloud.perform(u"logo"_s), (CloudResult{false, u"Không lưu được workspace: "_s + reason}));
+    QVERIFY(mac.exists(cacheFolder + u"supabase-catalog.json/earlier"_s));
+    mac.furnish(u"rm -r '.%1' && touch '.%1'"_s.arg(cacheFolder.chopped(1)));
+    QCOMPARE(cloud.perform(u"sync"_s), (CloudResult{false, u"Không ghi được cache catalog: File exists"_s}));
 }
 
 QTEST_GUILESS_MAIN(SupabaseClientTest)
