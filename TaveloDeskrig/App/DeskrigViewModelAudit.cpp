@@ -101,12 +101,16 @@ void DeskrigViewModel::markReportCatalogRefresh()
     m_currentAction = strings().auditUpdatingCatalog(m_catalogItems.value().size());
 }
 
-/// Takes over a report that has been made just now, and keeps it for the next start.
 void DeskrigViewModel::setReport(const QString &text, const QList<InstalledMacApplication> &applications)
 {
     m_reportText = text;
     m_reportApplications.setRecords(applications);
     m_isReportRefreshing = false;
+}
+
+/// Marks the report as made just now, and keeps it for the next start.
+void DeskrigViewModel::keepReport()
+{
     m_hasReportSnapshot = true;
     m_reportSnapshotDate = m_services.clock->now();
     saveReportSnapshot();
@@ -121,6 +125,7 @@ void DeskrigViewModel::finishReportScan(const QString &text, const QList<Install
     m_auditProgress = 1;
     m_auditProgressText = ProgressArithmetic::percentText(1);
     m_auditProgressDetailText = strings().auditScanProgress(applications.size(), applications.size(), 100);
+    keepReport();
     m_currentAction = strings().auditComplete(applications.size());
     appendLog(u"Hoàn tất kiểm kê macOS: %1 phần mềm, %2 mục có key/receipt, %3 mục không cần key, %4 mục không phát "
               u"hiện key."_s.arg(applications.size())
@@ -189,6 +194,7 @@ void DeskrigViewModel::finishPrepareReport(const QString &text, const QList<Inst
                                            bool presentWhenReady)
 {
     setReport(text, applications);
+    keepReport();
     m_currentAction = label(ScreenText::reportWritten);
     if (presentWhenReady)
         showToast(m_currentAction, ToastMessage::Kind::success);

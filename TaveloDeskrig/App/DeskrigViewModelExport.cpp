@@ -66,7 +66,8 @@ void DeskrigViewModel::exportReportPDF(const QUrl &file)
 
 void DeskrigViewModel::finishPDFExport(const QString &path)
 {
-    setReport(m_reportText, m_reportApplications.records());
+    m_isReportRefreshing = false;
+    keepReport();
     m_pool.start([desktop = m_services.desktop, path] { desktop->open(path); });
     m_currentAction = label(ScreenText::pdfExported);
     showToast(m_currentAction, ToastMessage::Kind::success);

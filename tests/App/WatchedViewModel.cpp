@@ -47,6 +47,7 @@ void WatchedViewModel::settle()
         QCoreApplication::processEvents();
     } while (!m_pool.waitForDone(5));
     QCoreApplication::processEvents();
+    QCoreApplication::processEvents(); // what the last ones have queued
 }
 
 void WatchedViewModel::watch()
@@ -107,7 +108,8 @@ void WatchedViewModel::fieldChanged()
 
 void WatchedViewModel::note(const QString &field, const QString &value)
 {
-    m_transcript.append(field + u" = "_s + value);
+    // A text of many lines is another test's business.
+    m_transcript.append(field + u" = "_s + (value.contains(u'\n') ? value.section(u'\n', 0, 0) + u" …"_s : value));
 }
 
 } // namespace Tavelo

@@ -1,0 +1,217 @@
+// The inventory scan, the system check and the export of the view model, over a simulated Mac with real processes.
+
+#include "FileManager.h"
+#include "GatedLauncher.h"
+#include "Golden.h"
+#include "ProgramOnAMac.h"
+#include "WatchedViewModel.h"
+
+#include <QFileInfo>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace Tavelo;
+
+namespace
+{
+
+const QString supportFolder = u"/Users/technician/Library/Application Support/Tavelo Deskrig"_s;
+const QString snapshotFile = supportFolder + u"/Reports/report-snapshot.json"_s;
+
+/// The view model of a Mac with two applications, whose report waits at a gate for the hardware's description.
+struct Audit {
+    Audit() : services(mac.services()), launcher(std::make_shared<GatedLauncher>(services, u"/system_profiler"_s))
+    {
+        mac.furnish(u"add-app"_s, {u"Alpha"_s});
+        mac.furnish(u"add-app"_s, {u"Beta"_s});
+        services.processes = launcher;
+        model.emplace(services);
+        model->settle();
+        model->take();
+    }
+
+    /// Runs all to its end, with the gate open.
+    QStringList settled()
+    {
+        launcher->letPass(100);
+        model->settle();
+        return model->take();
+    }
+
+    ProgramOnAMac mac;
+    PlatformServices services;
+    std::shared_ptr<GatedLauncher> launcher;
+    std::optional<WatchedViewModel> model; // goes first
+};
+
+} // namespace
+
+class AuditFlowTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void transcript();
+    void navigation();
+    void systemCheckGivesWay();
+    void cancelledAndSuperseded();
+    void failures();
+    void exportGuards();
+    void nextStart();
+};
+
+void AuditFlowTest::transcript()
+{
+    Audit audit;
+    WatchedViewModel &model = *audit.model;
+    QString transcript;
+    const auto scene = [&](const QString &title) {
+        transcript += u"== %1\n%2\n\n"_s.arg(title, audit.settled().join(u'\n'));
+    };
+    model->openAuditWorkspace();
+    model->openAuditWorkspace();
+    scene(u"audit workspace, clicked twice"_s);
+    model->show(Sheet(Sheet::Kind::systemChecks));
+    model->refreshChecks(true);
+    scene(u"system check in its sheet"_s);
+    model->startReportPDFExport();
+    model->setReportProfile({.inspectorName = u"Lan"_s, .subject = u"Audit"_s});
+    model->startReportPDFExport();
+    QCOMPARE(model->savePanelFolder(), QUrl::fromLocalFile(audit.mac.hostPath(u"/Users/technician/Documents"_s)));
+    audit.mac.takeCalls();
+    model->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(u"/Users/technician/Documents/a.pdf"_s)));
+    scene(u"export"_s);
+    QCOMPARE(differencesFromGolden(u"view-model-audit.txt"_s, transcript.toUtf8()), QByteArray());
+    QVERIFY(audit.mac.contents(u"/Users/technician/Documents/a.pdf"_s).startsWith("%PDF"));
+    QCOMPARE(audit.mac.takeCalls(), QStringList(u"open /Users/technician/Documents/a.pdf"_s));
+    QVERIFY(audit.mac.contents(snapshotFile).contains("Alpha"));
+}
+
+/// The scan waits for the change of screen, and whoever leaves before it gets none.
+void AuditFlowTest::navigation()
+{
+    Audit audit;
+    WatchedViewModel &model = *audit.model;
+    model->openAuditWorkspace();
+    QVERIFY(!model->isReportRefreshing());
+    model->selectGroup(u"audit"_s); // is there already
+    QCoreApplication::processEvents();
+    QVERIFY(model->isReportRefreshing());
+    model->selectGroup(u"office"_s); // too late: the scan goes on
+    model->openAuditWorkspace();
+    model->scanMac();
+    QCOMPARE(audit.settled().filter(u"toast = "_s).size(), 1);
+    model->openAuditWorkspace();
+    model->selectGroup(u"office"_s);
+    QCOMPARE(audit.settled().filter(u"isReportRefreshing"_s), QStringList());
+}
+
+void AuditFlowTest::systemCheckGivesWay()
+{
+    Audit audit;
+    WatchedViewModel &model = *audit.model;
+    model->show(Sheet(Sheet::Kind::settings));
+    model.take();
+    model->refreshChecks(false);
+    const QStringList published = audit.settled();
+    QCOMPARE(published.filter(u"activeSheet"_s), QStringList());
+    QCOMPARE(published.filter(u"toast"_s), QStringList(u"toast = success: Report written"_s));
+    QCOMPARE(model->logLines()->lines().filter(u"CHECK "_s), QStringList());
+    model->dismissSheet();
+    model->refreshChecks(true);
+    audit.settled();
+    QCOMPARE(model->activeSheet().kind(), Sheet::Kind::report);
+    QCOMPARE(model->logLines()->lines().filter(u"CHECK "_s).size(), 9);
+
+    // A scan and a check side by side: both end, and the flag of the scan is cleared.
+    model->scanMac();
+    model->refreshChecks(false);
+    audit.settled();
+    QVERIFY(!model->isReportRefreshing());
+    QVERIFY(model->hasReportSnapshot());
+}
+
+void AuditFlowTest::cancelledAndSuperseded()
+{
+    Audit audit;
+    WatchedViewModel &model = *audit.model;
+    model->refreshChecks(true);
+    QTRY_COMPARE(audit.launcher->arrived, 1);
+    QCoreApplication::processEvents();
+    model.take();
+    model->cancelSystemCheck();
+    QCOMPARE(audit.settled(), QStringList(u"currentAction = "_s + model->strings().text(AppI18nKey::readyAction)));
+    QVERIFY(!model->hasReportSnapshot());
+
+    model->refreshChecks(true);
+    model->refreshChecks(true);
+    QCOMPARE(audit.settled().filter(u"latestChecks"_s).size(), 1);
+    QCOMPARE(model->logLines()->lines().filter(u"System check summary:"_s).size(), 1);
+}
+
+/// A report that cannot be written shows why, also of a check that another has replaced, and nothing else changes.
+void AuditFlowTest::failures()
+{
+    Audit audit;
+    WatchedViewModel &model = *audit.model;
+    QVERIFY(audit.services.files->createFolder(model->reportPath()));
+    model->refreshChecks(false);
+    QTRY_COMPARE(audit.launcher->arrived, 1);
+    model->refreshChecks(false);
+    QCOMPARE(audit.settled().filter(u"toast = failure: Is a directory"_s).size(), 2);
+    model->scanMac();
+    QCOMPARE(audit.settled().last(6),
+             QStringList({u"isReportRefreshing = false"_s, u"auditProgress = 0"_s, u"auditProgressText = 0%"_s,
+                          u"auditProgressDetailText = Preparing macOS inventory"_s, u"currentAction = Is a directory"_s,
+                          u"toast = failure: Is a directory"_s}));
+    QVERIFY(!model->hasReportSnapshot());
+    QCOMPARE(model->reportText(), QString());
+}
+
+void AuditFlowTest::exportGuards()
+{
+    Audit audit;
+    WatchedViewModel &model = *audit.model;
+    model->startReportPDFExport();
+    QCOMPARE(model->toast().text, u"Scan the computer before exporting PDF."_s);
+    model->scanMac();
+    audit.settled();
+    model->setReportProfile({.inspectorName = u" \n"_s, .subject = u"S"_s});
+    model->startReportPDFExport();
+    QCOMPARE(model->toast().text, u"Enter the inspector name and report title."_s);
+    QVERIFY(!model->savePanelShown());
+    model->setReportProfile({.inspectorName = u"L"_s, .subject = u"S"_s});
+    model->startReportPDFExport();
+    QVERIFY(model->savePanelShown());
+    audit.settled();
+    model->cancelReportPDFExport();
+    QCOMPARE(audit.settled(), QStringList(u"savePanelShown = false"_s));
+    const QByteArray before = audit.mac.contents(snapshotFile);
+    model->startReportPDFExport();
+    model->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(u"/nowhere/a.pdf"_s)));
+    QCOMPARE(audit.settled().last(2), QStringList({u"currentAction = Không thể tạo tài liệu PDF."_s,
+                                                   u"toast = failure: Không thể tạo tài liệu PDF."_s}));
+    QCOMPARE(audit.mac.contents(snapshotFile), before);
+    QVERIFY(model->hasReportSnapshot());
+}
+
+void AuditFlowTest::nextStart()
+{
+    Audit audit;
+    (*audit.model)->scanMac();
+    audit.settled();
+    (*audit.model)->setReportProfile({.inspectorName = u"Lan"_s});
+    (*audit.model)->saveReportProfile();
+    audit.model.emplace(audit.services);
+    WatchedViewModel &model = *audit.model;
+    QCOMPARE(model->reportProfile(), MacReportProfile{.inspectorName = u"Lan"_s});
+    QVERIFY(model->hasReportSnapshot());
+    QCOMPARE(model->reportApplications()->records().size(), 2);
+    QCOMPARE(model->auditProgressText(), u"100%"_s);
+    QCOMPARE(model->auditProgressDetailText(), u"Inventory complete: 2 items detected"_s);
+    audit.settled();
+}
+
+QTEST_MAIN(AuditFlowTest)
+
+#include "AuditFlowTest.moc"

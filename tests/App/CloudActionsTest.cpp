@@ -1,0 +1,115 @@
+// The cloud actions of the view model, from a person's click to the local cloud and back.
+
+#include "Catalog.h"
+#include "Golden.h"
+#include "NetworkTransport.h"
+#include "ProgramOnAMac.h"
+#include "RunningCloud.h"
+#include "WatchedViewModel.h"
+
+#include <QNetworkProxyFactory>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace Tavelo;
+
+class CloudActionsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void transcript();
+    void downloadLinks();
+
+private: // NOLINT(readability-redundant-access-specifiers): not for moc
+    /// What is published until `done` holds.
+    template <typename Condition>
+    QString until(WatchedViewModel &model, Condition done)
+    {
+        const bool is = QTest::qWaitFor(done, 20000);
+        model.settle();
+        return is ? model.take().join(u'\n') : u"never"_s;
+    }
+
+    RunningCloud m_cloud;
+};
+
+void CloudActionsTest::initTestCase()
+{
+    QNetworkProxyFactory::setUseSystemConfiguration(false);
+    m_cloud.trust();
+}
+
+void CloudActionsTest::transcript()
+{
+    ProgramOnAMac mac;
+    mac.environment.insert(u"TAVELO_SUPABASE_URL"_s, m_cloud.url());
+    mac.environment.insert(u"TAVELO_SUPABASE_ANON_KEY"_s, u"local-anon-key"_s);
+    m_cloud.write(u"release-policy.json"_s, R"({"update_available": true, "latest_version": "2.0"})");
+    m_cloud.write(u"app_catalog.json"_s, R"([{"item_id": "vlc", "is_active": false}])");
+    m_cloud.write(u"business.json"_s, R"({"policies": [{"policy": {"allowed_item_ids": ["gimp", "evince"]}}]})");
+    WatchedViewModel model(mac.services(), std::make_unique<NetworkTransport>());
+    QTRY_VERIFY(model->releasePolicy());
+    model.settle();
+    QCOMPARE(model.take().filter(u"policy"_s), QStringList(u"log: Release policy báo có bản mới 2.0."_s));
+    QVERIFY(!model->toast().isShown());
+    m_cloud.takeRequests();
+
+    QString transcript;
+    const auto scene = [&](const QString &title, const std::function<void()> &action) {
+        const QUuid before = model->toast().id;
+        action();
+        transcript += u"== %1\n%2\n\n"_s.arg(title, until(model, [&] { return model->toast().id != before; }));
+    };
+    scene(u"sync"_s, [&] { model->syncCatalog(); });
+    QCOMPARE(model->catalogItems().size(), 27);
+    scene(u"organisation"_s, [&] { model->businessDeviceConfig(u"fetch"_s, {}, {}); });
+    QCOMPARE(model->catalogItems().size(), 2);
+    scene(u"workspace"_s, [&] { model->syncTechnicianWorkspace(); });
+    scene(u"branding"_s, [&] { model->updateTechnicianBranding(u"Cửa hàng"_s); });
+    scene(u"profile"_s, [&] { model->saveTechnicianProfile(u"Chuẩn"_s, u" "_s); });
+    const QStringList saved = m_cloud.takeRequests().filter(u"save_profile"_s);
+    QCOMPARE(saved.size(), 1);
+    QVERIFY(saved.first().contains(u"\"item_ids\":[\"evince\"]"_s));
+    scene(u"upload"_s, [&] { model->uploadReport(); });
+    m_cloud.disturb(u"{\"status\": 401, \"body\": \"{\\\"error\\\": \\\"x\\\", \\\"detail\\\": \\\"y\\\"}\"}"_s);
+    scene(u"refused"_s, [&] { model->uploadReport(); });
+    m_cloud.disturb(u"{\"status\": 500, \"body\": \"0123456789\", \"repeat\": 1000}"_s);
+    model->syncCatalog();
+    QTRY_VERIFY(model->cloudOutput().startsWith(u"Không"_s));
+    QCOMPARE(model->cloudOutput().size(), DeskrigViewModel::longestCloudMessage);
+    QCOMPARE(model->toast().text, model->cloudOutput());
+    static const QRegularExpression runID(u"[0-9a-f]{8}-[0-9a-f-]{27}"_s);
+    QCOMPARE(differencesFromGolden(u"view-model-cloud.txt"_s, transcript.replace(runID, u"…"_s).toUtf8()),
+             QByteArray());
+}
+
+void CloudActionsTest::downloadLinks()
+{
+    ProgramOnAMac mac;
+    mac.environment.insert(u"TAVELO_SUPABASE_URL"_s, m_cloud.url());
+    mac.environment.insert(u"TAVELO_SUPABASE_ANON_KEY"_s, u"local-anon-key"_s);
+    m_cloud.disturb(u"{}"_s);
+    for (const QString &link :
+         {u"https://downloads.tavelo.invalid/a%20b.DMG?x"_s, u"https://elsewhere.example/a.dmg"_s}) {
+        m_cloud.write(u"release-policy.json"_s,
+                      u"{\"update_required\": true, \"download_url\": \"%1\"}"_s.arg(link).toUtf8());
+        WatchedViewModel model(mac.services(), std::make_unique<NetworkTransport>());
+        QTRY_VERIFY(model->updateRequired());
+        model.settle();
+        model.take();
+        mac.takeCalls();
+        model->openReleaseDownload();
+        model.settle();
+        const bool isOurs = link.contains(u"tavelo");
+        QCOMPARE(mac.takeCalls(), isOurs ? QStringList(u"open "_s + link) : QStringList());
+        QCOMPARE(model.take(),
+                 isOurs ? QStringList({u"currentAction = Opening update download"_s, u"log: Mở link update: "_s + link})
+                        : QStringList(u"toast = warning: Update download link is unavailable."_s));
+    }
+}
+
+QTEST_MAIN(CloudActionsTest)
+
+#include "CloudActionsTest.moc"
