@@ -4,6 +4,7 @@
 #include "CatalogOverlays.h"
 #include "Clock.h"
 #include "CloudCache.h"
+#include "MainQueue.h"
 #include "WireValue.h"
 
 #include <QJsonArray>
@@ -58,7 +59,7 @@ QString nameIn(const QJsonValue &object, QLatin1StringView key, const QString &f
 SupabaseClient::SupabaseClient(const PlatformServices &services, std::unique_ptr<HttpTransport> transport, Log log,
                                std::optional<SupabaseConfig> config)
     : m_services(services), m_runtime(services), m_log(std::move(log)), m_config(std::move(config)),
-      m_transport(std::move(transport))
+      m_transport(std::move(transport)), m_unsent(std::make_unique<MainQueue>())
 {
 }
 

@@ -120,6 +120,7 @@ private:
     Log m_log;
     std::optional<SupabaseConfig> m_config;
     std::shared_ptr<HttpTransport> m_transport; ///< Requests under way watch it and do not keep it.
+    std::unique_ptr<MainQueue> m_unsent;        ///< Requests that wait for the main thread; they go with the client.
 };
 
 } // namespace Tavelo

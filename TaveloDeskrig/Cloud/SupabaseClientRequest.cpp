@@ -146,7 +146,7 @@ QFuture<JsonAnswer> SupabaseClient::requestJSON(const QString &url, const QByteA
     }
     const auto exchange = std::make_shared<Exchange>(m_transport, m_config->url, std::move(request));
     QFuture<JsonAnswer> answer = exchange->future();
-    m_services.mainQueue->post([exchange] { exchange->send(); });
+    m_unsent->post([exchange] { exchange->send(); });
     return answer;
 }
 
