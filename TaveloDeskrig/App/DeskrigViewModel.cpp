@@ -96,9 +96,6 @@ void DeskrigViewModel::connectModels()
             items.removeIf([&](const AppItem &item) { return !item.belongsTo(m_selectedGroupID); });
         m_filteredItems.setItems(items);
     };
-    const auto showActiveItem = [this] {
-        m_filteredItems.setActiveItem({m_activeItemID, m_activeItemProgress, m_activeItemProgressText});
-    };
     const auto speak = [this] {
         m_filteredItems.setLanguage(m_language);
         m_latestChecks.setLanguage(m_language);
@@ -107,9 +104,6 @@ void DeskrigViewModel::connectModels()
     connect(this, &DeskrigViewModel::selectedGroupIDChanged, this, showGroup);
     connect(this, &DeskrigViewModel::catalogItemsChanged, this, showGroup);
     connect(this, &DeskrigViewModel::statusesChanged, this, [this] { m_filteredItems.setStatuses(m_statuses); });
-    connect(this, &DeskrigViewModel::activeItemIDChanged, this, showActiveItem);
-    connect(this, &DeskrigViewModel::activeItemProgressChanged, this, showActiveItem);
-    connect(this, &DeskrigViewModel::activeItemProgressTextChanged, this, showActiveItem);
     connect(this, &DeskrigViewModel::languageChanged, this, speak);
     connect(this, &DeskrigViewModel::statusesChanged, this, &DeskrigViewModel::installedCountChanged);
     connect(this, &DeskrigViewModel::catalogItemsChanged, this, &DeskrigViewModel::installedCountChanged);

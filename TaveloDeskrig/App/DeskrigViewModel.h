@@ -317,6 +317,7 @@ private:
     void completeOperation(const QString &message);
     void setOperationProgress(double share);
     void setOperationSummary(qsizetype done, qsizetype total);
+    void setActiveItem(const QString &itemID, double share);
     void setActiveItemProgress(double share);
     void applyBackendProgress(const InstallProgressUpdate &update);
 

@@ -20,14 +20,18 @@ namespace
 QString shortened(const QString &text)
 {
     constexpr qsizetype longest = DeskrigViewModel::longestCloudMessage;
-    return text.size() <= longest ? text : text.first(longest - 1) + u'…';
+    if (text.size() <= longest)
+        return text;
+    const bool splitsCharacter = text.at(longest - 2).isHighSurrogate();
+    return text.first(longest - (splitsCharacter ? 2 : 1)) + u'…';
 }
 
 } // namespace
 
 QString DeskrigViewModel::updateTitle() const
 {
-    return m_releasePolicy.value().has_value() ? shortened(m_releasePolicy.value()->title) : label(ScreenText::updateRequired);
+    return m_releasePolicy.value().has_value() ? shortened(m_releasePolicy.value()->title)
+                                               : label(ScreenText::updateRequired);
 }
 
 QString DeskrigViewModel::updateMessage() const

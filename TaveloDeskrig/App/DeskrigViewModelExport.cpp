@@ -24,10 +24,12 @@ void DeskrigViewModel::startReportPDFExport()
         showToast(label(ScreenText::scanBeforeExport), ToastMessage::Kind::warning);
         return;
     }
-    if (m_reportProfile.value().inspectorName.trimmed().isEmpty() || m_reportProfile.value().subject.trimmed().isEmpty()) {
+    if (m_reportProfile.value().inspectorName.trimmed().isEmpty() ||
+        m_reportProfile.value().subject.trimmed().isEmpty()) {
         showToast(label(ScreenText::fillInProfile), ToastMessage::Kind::warning);
         return;
     }
+    m_savePanelShown = false; // one that went without an answer is asked for again
     m_savePanelShown = true;
 }
 

@@ -246,8 +246,7 @@ void DeskrigViewModel::startPreset(const QString &name, const QList<AppItem> &it
 void DeskrigViewModel::markPresetItemWorking(const AppItem &item, qsizetype index, qsizetype total)
 {
     m_operationCompletedItems = index;
-    m_activeItemID = item.id;
-    setActiveItemProgress(0);
+    setActiveItem(item.id, 0);
     setStatus(item.id, InstallStatus::working);
     setOperationProgress(total == 0 ? 1 : ProgressArithmetic::share(index, total));
     setOperationSummary(index, total);
@@ -289,8 +288,7 @@ void DeskrigViewModel::beginOperation(qsizetype total, const QString &activeItem
     m_operationTotalItems = std::max<qsizetype>(total, 1);
     m_operationCompletedItems = 0;
     m_operationDisplayToken = QUuid::createUuid();
-    m_activeItemID = activeItemID;
-    setActiveItemProgress(0);
+    setActiveItem(activeItemID, 0);
     m_showOperationProgress = true;
     m_showLogDrawer = true;
     setOperationProgress(0);
@@ -309,7 +307,7 @@ void DeskrigViewModel::completeOperation(const QString &message)
         if (token != m_operationDisplayToken || m_isInstalling)
             return;
         m_showOperationProgress = false;
-        m_activeItemID = QString();
+        setActiveItem({}, m_activeItemProgress);
     });
 }
 
@@ -324,10 +322,17 @@ void DeskrigViewModel::setOperationSummary(qsizetype done, qsizetype total)
     m_operationSummaryText = strings().operationSummary(done, total);
 }
 
-void DeskrigViewModel::setActiveItemProgress(double share)
+void DeskrigViewModel::setActiveItem(const QString &itemID, double share)
 {
+    m_activeItemID = itemID;
     m_activeItemProgress = ProgressArithmetic::clamp(share);
     m_activeItemProgressText = ProgressArithmetic::percentText(share);
+    m_filteredItems.setActiveItem({m_activeItemID, m_activeItemProgress, m_activeItemProgressText});
+}
+
+void DeskrigViewModel::setActiveItemProgress(double share)
+{
+    setActiveItem(m_activeItemID, share);
 }
 
 void DeskrigViewModel::applyBackendProgress(const InstallProgressUpdate &update)

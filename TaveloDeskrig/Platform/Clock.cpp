@@ -21,7 +21,7 @@ void Clock::sleep(std::chrono::milliseconds duration) const
 
 void Clock::callLater(std::chrono::milliseconds delay, QObject *context, std::function<void()> call) const
 {
-    QTimer::singleShot(delay, context, std::move(call));
+    QTimer::singleShot(delay, Qt::PreciseTimer, context, std::move(call));
 }
 
 } // namespace Tavelo

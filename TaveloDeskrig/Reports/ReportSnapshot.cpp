@@ -91,8 +91,8 @@ std::optional<ReportSnapshot> ReportSnapshotStore::load(FileError *error) const
     if (!json)
         json = earlier;
     std::optional<ReportSnapshot> snapshot = json ? ReportSnapshot::parse(*json) : std::nullopt;
-    if (snapshot && earlier)
-        save(snapshot->text, snapshot->applications, error);
+    if (snapshot && earlier && !save(snapshot->text, snapshot->applications, error) && error)
+        *error = error->orInputOutput();
     return snapshot;
 }
 

@@ -50,7 +50,7 @@ void CloudActionsTest::transcript()
     m_cloud.write(u"app_catalog.json"_s, R"([{"item_id": "vlc", "is_active": false}])");
     m_cloud.write(u"business.json"_s, R"({"policies": [{"policy": {"allowed_item_ids": ["gimp", "evince"]}}]})");
     WatchedViewModel model(mac.services(), std::make_unique<NetworkTransport>());
-    QTRY_VERIFY(model->releasePolicy());
+    QTRY_VERIFY_WITH_TIMEOUT(model->releasePolicy(), 20000);
     model.settle();
     QCOMPARE(model.take().filter(u"policy"_s), QStringList(u"log: Release policy báo có bản mới 2.0."_s));
     QVERIFY(!model->toast().isShown());
@@ -77,9 +77,10 @@ void CloudActionsTest::transcript()
     scene(u"refused"_s, [&] { model->uploadReport(); });
     m_cloud.disturb(u"{\"status\": 500, \"body\": \"0123456789\", \"repeat\": 1000}"_s);
     model->syncCatalog();
-    QTRY_VERIFY(model->cloudOutput().startsWith(u"Không"_s));
+    QTRY_VERIFY_WITH_TIMEOUT(model->cloudOutput().startsWith(u"Không"_s), 20000);
     QCOMPARE(model->cloudOutput().size(), DeskrigViewModel::longestCloudMessage);
     QCOMPARE(model->toast().text, model->cloudOutput());
+    QCOMPARE(model->catalogItems().size(), 2);
     static const QRegularExpression runID(u"[0-9a-f]{8}-[0-9a-f-]{27}"_s);
     QCOMPARE(differencesFromGolden(u"view-model-cloud.txt"_s, transcript.replace(runID, u"…"_s).toUtf8()),
              QByteArray());
@@ -96,7 +97,7 @@ void CloudActionsTest::downloadLinks()
         m_cloud.write(u"release-policy.json"_s,
                       u"{\"update_required\": true, \"download_url\": \"%1\"}"_s.arg(link).toUtf8());
         WatchedViewModel model(mac.services(), std::make_unique<NetworkTransport>());
-        QTRY_VERIFY(model->updateRequired());
+        QTRY_VERIFY_WITH_TIMEOUT(model->updateRequired(), 20000);
         model.settle();
         model.take();
         mac.takeCalls();

@@ -45,6 +45,8 @@ public:
 
     /// Runs the main loop until no task is left.
     void settle();
+    /// Waits for the tasks, whose results stay on their way.
+    void waitForTasks() { m_pool.waitForDone(); }
     void advance(std::chrono::milliseconds duration) { m_clock->advance(duration); }
 
     /// What was published since the last time, in order: "field = value" for a field, "log: line" for a line of the

@@ -16,7 +16,11 @@ namespace Tavelo
 
 void StillClock::advance(std::chrono::milliseconds duration) const
 {
-    const QDateTime end = m_now.addMSecs(duration.count());
+    const QDateTime end = now().addMSecs(duration.count());
+    const auto setNow = [this](const QDateTime &time) {
+        const std::lock_guard lock(m_mutex);
+        m_now = time;
+    };
     for (;;) {
         const auto next = std::min_element(m_waiting.begin(), m_waiting.end(),
                                            [](const Call &a, const Call &b) { return a.due < b.due; });
@@ -24,11 +28,11 @@ void StillClock::advance(std::chrono::milliseconds duration) const
             break;
         const Call call = *next;
         m_waiting.erase(next);
-        m_now = call.due;
+        setNow(call.due);
         if (call.context)
             call.call();
     }
-    m_now = end;
+    setNow(end);
 }
 
 TemporaryMac::TemporaryMac()
@@ -104,7 +108,9 @@ bool TemporaryMac::exists(const QString &macPath) const
 int TemporaryMac::mode(const QString &macPath) const
 {
     struct stat info = {};
-    return ::stat(QFile::encodeName(hostPath(macPath)).constData(), &info) == 0 ? info.st_mode & 07777 : -1;
+    return ::stat(QFile::encodeName(hostPath(macPath)).constData(), &info) == 0
+               ? static_cast<int>(info.st_mode & 07777U)
+               : -1;
 }
 
 PlatformServices TemporaryMac::services() const

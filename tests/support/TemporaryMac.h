@@ -11,6 +11,8 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <mutex>
+
 namespace Tavelo
 {
 
@@ -18,12 +20,20 @@ namespace Tavelo
 class StillClock : public Clock
 {
 public:
-    QDateTime now() const override { return m_now; }
-    void sleep(std::chrono::milliseconds duration) const override { m_now = m_now.addMSecs(duration.count()); }
+    QDateTime now() const override
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_now;
+    }
+    void sleep(std::chrono::milliseconds duration) const override
+    {
+        const std::lock_guard lock(m_mutex);
+        m_now = m_now.addMSecs(duration.count());
+    }
 
     void callLater(std::chrono::milliseconds delay, QObject *context, std::function<void()> call) const override
     {
-        m_waiting.append({m_now.addMSecs(delay.count()), context, std::move(call)});
+        m_waiting.append({now().addMSecs(delay.count()), context, std::move(call)});
     }
 
     /// Moves the time, and makes the calls that fall due, at their times and in their order.
@@ -35,8 +45,9 @@ private:
         QPointer<QObject> context;
         std::function<void()> call;
     };
+    mutable std::mutex m_mutex; ///< Work in the background looks at the clock too.
     mutable QDateTime m_now{QDate(2026, 1, 2), QTime(3, 4, 5)};
-    mutable QList<Call> m_waiting;
+    mutable QList<Call> m_waiting; ///< Of the main thread.
 };
 
 /// An empty Mac in a temporary folder, on macOS 15.1 with the network answering, for a test to furnish with files and
