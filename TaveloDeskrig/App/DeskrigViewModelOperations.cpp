@@ -44,23 +44,6 @@ QString logLabel(AppKind kind)
     return u"Không hỗ trợ"_s;
 }
 
-/// Whether there is something to open once the item is installed, so that its button opens it.
-bool opens(const AppItem &item)
-{
-    switch (item.kind) {
-    case AppKind::shortcut:
-    case AppKind::builtin:
-        return true;
-    case AppKind::direct:
-    case AppKind::formula:
-    case AppKind::cask:
-    case AppKind::bundle:
-        return !item.appPaths.isEmpty();
-    default:
-        return false;
-    }
-}
-
 /// Installs the item and looks how it stands then.
 InstallStatus installed(const MacBackend &backend, const AppItem &item)
 {
@@ -105,7 +88,7 @@ void DeskrigViewModel::performPrimaryAction(const AppItem &item)
         install(item);
         break;
     case InstallStatus::installed:
-        if (opens(item))
+        if (item.canBeOpened())
             open(item);
         else
             m_activeSheet = Sheet::itemDetail(item);

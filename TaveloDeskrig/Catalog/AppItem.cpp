@@ -93,6 +93,24 @@ bool AppItem::belongsTo(const QString &groupID) const
     return group == groupID || extraGroups.contains(groupID);
 }
 
+bool AppItem::canBeOpened() const
+{
+    switch (kind) {
+    case AppKind::shortcut:
+    case AppKind::builtin:
+        return true;
+    case AppKind::direct:
+    case AppKind::formula:
+    case AppKind::cask:
+    case AppKind::bundle:
+        return !appPaths.isEmpty();
+    case AppKind::mime:
+    case AppKind::blocked:
+        return false;
+    }
+    Q_UNREACHABLE();
+}
+
 size_t qHash(const AppItem &item, size_t seed)
 {
     seed = qHashMulti(seed, item.id, item.linuxName, item.macName, item.group, item.extraGroups,

@@ -86,6 +86,9 @@ struct AppItem {
     /// True when the id is the item's `group` or one of its `extraGroups`.
     bool belongsTo(const QString &groupID) const;
 
+    /// Whether there is something to open once the item is installed. A row's button then opens it, and says so.
+    bool canBeOpened() const;
+
     bool operator==(const AppItem &) const = default;
 };
 

@@ -31,25 +31,6 @@ std::optional<AppI18nKey> groupKey(QStringView groupID)
     return std::nullopt;
 }
 
-/// Whether there is something that the item's main button could open.
-bool canBeOpened(const AppItem &item)
-{
-    switch (item.kind) {
-    case AppKind::shortcut:
-    case AppKind::builtin:
-        return true;
-    case AppKind::direct:
-    case AppKind::formula:
-    case AppKind::cask:
-    case AppKind::bundle:
-        return !item.appPaths.isEmpty();
-    case AppKind::mime:
-    case AppKind::blocked:
-        return false;
-    }
-    Q_UNREACHABLE();
-}
-
 } // namespace
 
 QString AppStrings::groupLabel(const QString &groupID) const
@@ -146,7 +127,7 @@ QString AppStrings::primaryActionLabel(InstallStatus status, const AppItem &item
     case InstallStatus::missing:
         return in({u"Install", u"Cài", u"설치", u"インストール", u"安装"});
     case InstallStatus::installed:
-        return canBeOpened(item) ? in({u"Open", u"Mở", u"열기", u"開く", u"打开"}) : text(AppI18nKey::detailHelp);
+        return item.canBeOpened() ? in({u"Open", u"Mở", u"열기", u"開く", u"打开"}) : text(AppI18nKey::detailHelp);
     case InstallStatus::working:
         return in({u"Working", u"Đang xử lý", u"진행 중", u"処理中", u"处理中"});
     case InstallStatus::failed:
