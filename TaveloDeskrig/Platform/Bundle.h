@@ -34,7 +34,8 @@ QVariantMap stringsTable(const QByteArray &bytes);
 /// empty one where the executable runs outside a bundle. Needs the application object.
 QVariantMap ownInfoDictionary();
 
-/// `Contents/Resources` of the program's own bundle, on this machine; it need not be there. Needs the application object.
+/// `Contents/Resources` of the program's own bundle, on this machine; it need not be there. Needs the application
+/// object.
 QString ownResourcesFolder();
 
 /// A file of `Contents/Resources` of the program's own bundle; nothing where there is none, or no bundle. Needs the
