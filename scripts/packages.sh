@@ -3,7 +3,11 @@
 # .ci/run; says what it does on standard error, and nothing when there is nothing to do.
 
 debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-image-formats-plugins libplist-dev libqpdf-dev
-    libssl-dev fonts-inter fonts-noto-cjk fonts-noto-core openssl ca-certificates zip unzip)
+    libssl-dev fonts-inter fonts-noto-cjk fonts-noto-core openssl ca-certificates zip unzip
+    qt6-declarative-dev qt6-declarative-dev-tools fonts-materialdesignicons-webfont
+    qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-dialogs qml6-module-qtquick-layouts
+    qml6-module-qtquick-templates qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-models
+    qml6-module-qtqml-workerscript qml6-module-qt-labs-folderlistmodel)
 # CMake finds qt6-httpserver-dev only with qt6-websockets-dev beside it, which it does not ask for.
 debian_test_packages=(libpoppler-cpp-dev qpdf qt6-httpserver-dev qt6-websockets-dev)
 debian_check_packages=(clang clang-format clang-tidy libclang-rt-14-dev shellcheck)

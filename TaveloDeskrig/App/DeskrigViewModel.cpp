@@ -100,6 +100,7 @@ void DeskrigViewModel::connectModels()
         m_filteredItems.setLanguage(m_language);
         m_latestChecks.setLanguage(m_language);
         m_reportApplications.setLanguage(m_language);
+        m_groups.setLanguage(m_language);
     };
     connect(this, &DeskrigViewModel::selectedGroupIDChanged, this, showGroup);
     connect(this, &DeskrigViewModel::catalogItemsChanged, this, showGroup);
@@ -109,6 +110,7 @@ void DeskrigViewModel::connectModels()
     connect(this, &DeskrigViewModel::catalogItemsChanged, this, &DeskrigViewModel::installedCountChanged);
     connect(this, &DeskrigViewModel::releasePolicyChanged, this, &DeskrigViewModel::updateTextsChanged);
     connect(this, &DeskrigViewModel::languageChanged, this, &DeskrigViewModel::updateTextsChanged);
+    connectScreens();
     speak();
 }
 

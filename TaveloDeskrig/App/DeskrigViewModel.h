@@ -7,11 +7,14 @@
 #include "CheckListModel.h"
 #include "CloudResult.h"
 #include "CoreReadiness.h"
+#include "DetailListModel.h"
+#include "GroupListModel.h"
 #include "LogLines.h"
 #include "MacReportProfile.h"
 #include "PlatformServices.h"
 #include "ReleasePolicy.h"
 #include "ReportSnapshot.h"
+#include "ScreenRecords.h"
 #include "Sheet.h"
 #include "TaskHandle.h"
 #include "ToastMessage.h"
@@ -86,9 +89,24 @@ class DeskrigViewModel : public QObject
     Q_PROPERTY(Tavelo::CheckListModel *latestChecks READ latestChecks CONSTANT)
     Q_PROPERTY(Tavelo::AuditListModel *reportApplications READ reportApplications CONSTANT)
 
-    Q_PROPERTY(qsizetype installedCount READ installedCount NOTIFY installedCountChanged)
-    Q_PROPERTY(QString updateTitle READ updateTitle NOTIFY updateTextsChanged)
-    Q_PROPERTY(QString updateMessage READ updateMessage NOTIFY updateTextsChanged)
+    // What is not stored follows from the others.
+    Q_PROPERTY(qsizetype installedCount READ installedCount NOTIFY installedCountChanged STORED false)
+    Q_PROPERTY(QString updateTitle READ updateTitle NOTIFY updateTextsChanged STORED false)
+    Q_PROPERTY(QString updateMessage READ updateMessage NOTIFY updateTextsChanged STORED false)
+    Q_PROPERTY(Tavelo::AppStrings strings READ strings NOTIFY languageChanged STORED false)
+    Q_PROPERTY(Tavelo::ShellTexts shell READ shell NOTIFY shellChanged STORED false)
+    Q_PROPERTY(Tavelo::GroupListModel *groups READ groups CONSTANT)
+    Q_PROPERTY(QList<QString> languageNames READ languageNames CONSTANT)
+    Q_PROPERTY(int languageIndex READ languageIndex NOTIFY languageChanged STORED false)
+    Q_PROPERTY(bool presetsAllowed READ presetsAllowed NOTIFY presetsAllowedChanged STORED false)
+    Q_PROPERTY(Tavelo::Sheets::SheetKind sheetKind READ sheetKind NOTIFY activeSheetChanged STORED false)
+    Q_PROPERTY(Tavelo::SheetHead sheetHead READ sheetHead NOTIFY activeSheetChanged STORED false)
+    Q_PROPERTY(Tavelo::DetailListModel *sheetDetails READ sheetDetails CONSTANT)
+    Q_PROPERTY(bool removePromptShown READ removePromptShown NOTIFY pendingUninstallChanged STORED false)
+    Q_PROPERTY(QString removePromptMessage READ removePromptMessage NOTIFY pendingUninstallChanged STORED false)
+    Q_PROPERTY(Tavelo::MacReportProfile reportProfile READ reportProfile WRITE setReportProfile NOTIFY
+                   reportProfileChanged STORED false)
+    Q_PROPERTY(QUrl savePanelFile READ savePanelFile CONSTANT)
 
 public:
     /// How long a toast lives, and how long the banner of an operation stays after its end.
@@ -172,8 +190,42 @@ public:
     QString updateTitle() const;
     QString updateMessage() const;
 
+    // What screens read besides.
+
+    ShellTexts shell() const;
+    /// The sidebar's entries.
+    GroupListModel *groups() { return &m_groups; }
+    /// What the interface can speak, each name in itself and in English, and the place of the language at hand.
+    QStringList languageNames() const;
+    int languageIndex() const { return static_cast<int>(m_language.value()); }
+    /// Whether the buttons of the presets are enabled.
+    bool presetsAllowed() const { return !m_updateRequired && !m_isInstalling; }
+    SheetKind sheetKind() const { return m_activeSheet.value().kind(); }
+    /// What the sheet of an item or of an application shows, as it was when the sheet opened. Both stay as they are
+    /// when it closes, since it takes a moment to go.
+    SheetHead sheetHead() const { return m_sheetHead; }
+    DetailListModel *sheetDetails() { return &m_sheetDetails; }
+    bool removePromptShown() const { return m_pendingUninstall.value().has_value(); }
+    /// Empty where nothing is asked.
+    QString removePromptMessage() const;
+    /// Where the save panel begins, as a file of this machine with the suggested name.
+    QUrl savePanelFile() const;
+
     QString logPath() const { return m_runtime.logFile(); }
     QString reportPath() const { return m_runtime.reportFile(); }
+
+    // The same operations for views, which know an item by its id and an application by its place among the records.
+    // An id or a place that there is not does nothing.
+
+    Q_INVOKABLE void chooseLanguage(int index);
+    Q_INVOKABLE void openSheet(Tavelo::Sheets::SheetKind kind);
+    Q_INVOKABLE void showItem(const QString &itemID);
+    Q_INVOKABLE void showApplication(int row);
+    Q_INVOKABLE void performPrimaryActionOf(const QString &itemID);
+    Q_INVOKABLE void askToUninstallItem(const QString &itemID);
+    Q_INVOKABLE void confirmPendingUninstall();
+    /// Leaves the logo as it is.
+    Q_INVOKABLE void saveBranding(const QString &displayName) { updateTechnicianBranding(displayName); }
 
     // State alone.
 
@@ -187,7 +239,7 @@ public:
     /// Adds a line of the view model's own to the log drawer.
     void appendLog(const QString &line);
     void setReportProfile(const MacReportProfile &profile);
-    void saveReportProfile();
+    Q_INVOKABLE void saveReportProfile();
 
     // Operations on items.
 
@@ -275,6 +327,8 @@ Q_SIGNALS:
     void savePanelShownChanged();
     void installedCountChanged();
     void updateTextsChanged();
+    void shellChanged();
+    void presetsAllowedChanged();
 
 private:
     enum class ItemChange { install, remove };
@@ -300,6 +354,11 @@ private:
     void setStatus(const QString &itemID, InstallStatus status);
     QString label(AppI18nKey key) const { return strings().text(key); }
     QString label(ScreenText text) const { return strings().text(text); }
+
+    // DeskrigViewModelScreens.cpp
+    void connectScreens();
+    void fillSheet();
+    std::optional<AppItem> itemOf(const QString &itemID) const;
 
     // DeskrigViewModelOperations.cpp
     bool releasePolicyAllowsAction();
@@ -400,6 +459,9 @@ private:
     LogLines m_logLines;
     CheckListModel m_latestChecks{AppLanguage::english};
     AuditListModel m_reportApplications{AppLanguage::english};
+    GroupListModel m_groups;
+    SheetHead m_sheetHead;
+    DetailListModel m_sheetDetails;
 
     qsizetype m_operationTotalItems = 1; ///< Of the running operation; never below 1.
     qsizetype m_operationCompletedItems = 0;

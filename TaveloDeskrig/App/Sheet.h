@@ -3,6 +3,7 @@
 #include "AppItem.h"
 #include "InstalledMacApplication.h"
 
+#include <QObject>
 #include <QString>
 
 #include <variant>
@@ -10,11 +11,21 @@
 namespace Tavelo
 {
 
+/// A namespace of its own for views, which know an enum by what surrounds it.
+inline namespace Sheets
+{
+Q_NAMESPACE
+
+enum class SheetKind { none, itemDetail, auditDetail, settings, systemChecks, report, cloudTools };
+Q_ENUM_NS(SheetKind)
+
+} // namespace Sheets
+
 /// The one sheet that lies over the window, with what it shows.
 class Sheet
 {
 public:
-    enum class Kind { none, itemDetail, auditDetail, settings, systemChecks, report, cloudTools };
+    using Kind = SheetKind;
 
     /// No sheet.
     Sheet() = default;

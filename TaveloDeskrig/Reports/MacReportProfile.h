@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QObject>
 #include <QString>
 
 #include <optional>
@@ -13,6 +14,14 @@ struct FileError;
 
 /// What the technician types in for the PDF report.
 struct MacReportProfile {
+    Q_GADGET
+    Q_PROPERTY(QString inspectorName MEMBER inspectorName)
+    Q_PROPERTY(QString team MEMBER team)
+    Q_PROPERTY(QString recipient MEMBER recipient)
+    Q_PROPERTY(QString subject MEMBER subject)
+    Q_PROPERTY(QString notes MEMBER notes)
+
+public:
     QString inspectorName = {}; ///< Who did the inspection.
     QString team = {};          ///< Team or unit.
     QString recipient = {};     ///< Who receives the report.

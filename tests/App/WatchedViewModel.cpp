@@ -56,7 +56,7 @@ void WatchedViewModel::watch()
     const QMetaMethod slot = metaObject()->method(metaObject()->indexOfSlot("fieldChanged()"));
     for (int index = fields.propertyOffset(); index < fields.propertyCount(); ++index) {
         const QMetaProperty field = fields.property(index);
-        if (field.hasNotifySignal() && !QByteArray("installedCount updateTitle updateMessage").contains(field.name()))
+        if (field.hasNotifySignal() && field.isStored())
             connect(m_model.get(), field.notifySignal(), this, slot);
     }
     DeskrigViewModel *const model = m_model.get();
@@ -101,7 +101,7 @@ void WatchedViewModel::fieldChanged()
     const QMetaObject &fields = DeskrigViewModel::staticMetaObject;
     for (int index = fields.propertyOffset(); index < fields.propertyCount(); ++index) {
         const QMetaProperty field = fields.property(index);
-        if (field.notifySignalIndex() == senderSignalIndex() && field.hasNotifySignal())
+        if (field.notifySignalIndex() == senderSignalIndex() && field.hasNotifySignal() && field.isStored())
             note(QString::fromLatin1(field.name()), shown(field.read(m_model.get())));
     }
 }

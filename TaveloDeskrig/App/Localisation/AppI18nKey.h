@@ -2,10 +2,17 @@
 
 #include "Texts.h"
 
+#include <QObject>
+
 #include <span>
 
 namespace Tavelo
 {
+
+/// A namespace of its own for views, which know an enum by what surrounds it.
+inline namespace Labels
+{
+Q_NAMESPACE
 
 /// The short labels of the interface, which need no argument.
 enum class AppI18nKey {
@@ -54,6 +61,9 @@ enum class AppI18nKey {
     macInventory,
     downloadUpdate,
 };
+Q_ENUM_NS(AppI18nKey)
+
+} // namespace Labels
 
 /// Every label, in the order of the keys.
 std::span<const KeyedTexts<AppI18nKey>> appI18n();

@@ -6,6 +6,7 @@
 #include "AppLicenseEvidence.h"
 #include "ScreenTexts.h"
 
+#include <QObject>
 #include <QString>
 #include <QStringList>
 
@@ -17,21 +18,25 @@ namespace Tavelo
 /// caller as they are to be shown.
 class AppStrings
 {
+    Q_GADGET
+
 public:
-    explicit AppStrings(AppLanguage language) : m_language(language) {}
+    explicit AppStrings(AppLanguage language = AppLanguage::english) : m_language(language) {}
 
     AppLanguage language() const { return m_language; }
     bool operator==(const AppStrings &) const = default;
 
     /// A short label.
-    QString text(AppI18nKey key) const;
+    Q_INVOKABLE QString text(Tavelo::AppI18nKey key) const;
     /// What one screen says.
     QString text(ScreenText text) const;
+    /// The same for views, where the two enums look alike.
+    Q_INVOKABLE QString screenText(Tavelo::ScreenText key) const { return text(key); }
 
     // Settings and the state of the Mac.
 
-    QString settingsSubtitle() const;
-    QString languageSettingDetail() const;
+    Q_INVOKABLE QString settingsSubtitle() const;
+    Q_INVOKABLE QString languageSettingDetail() const;
     /// Title of the card that tells whether the Mac is ready.
     QString systemTitle() const;
     QString systemReadyDetail() const;
@@ -41,7 +46,7 @@ public:
     // Readiness checks. The backend names them in its own fixed words and details them in Vietnamese. What is not
     // recognised comes back as it came.
 
-    QString systemChecksDescription() const;
+    Q_INVOKABLE QString systemChecksDescription() const;
     QString systemCheckName(const QString &name) const;
     QString systemCheckDetail(const QString &name, const QString &detail) const;
 
@@ -101,7 +106,7 @@ public:
 
     // Inventory.
 
-    QString auditSubtitle() const;
+    Q_INVOKABLE QString auditSubtitle() const;
     QString auditPreparing() const;
     /// `percent` is a whole number from 0 to 100.
     QString auditScanProgress(qsizetype completed, qsizetype total, int percent) const;
@@ -110,28 +115,28 @@ public:
     /// The three counts of applications by key. They make up the total, which is not shown.
     QString auditSummary(qsizetype total, qsizetype keyPresent, qsizetype keyNotRequired,
                          qsizetype keyNotDetected) const;
-    QString auditNoDataTitle() const;
-    QString auditNoDataDetail() const;
+    Q_INVOKABLE QString auditNoDataTitle() const;
+    Q_INVOKABLE QString auditNoDataDetail() const;
     QString auditSidebarSummaryTitle() const;
     QString auditSidebarSummaryDetail(qsizetype recordCount) const;
-    QString auditDeveloperLabel() const;
-    QString auditSignatureLabel() const;
+    Q_INVOKABLE QString auditDeveloperLabel() const;
+    Q_INVOKABLE QString auditSignatureLabel() const;
     /// `status` is one of `SignatureStatus`; any other counts as not applicable.
     QString auditSignatureStatusLabel(const QString &status) const;
-    QString auditLicenseLabel() const;
+    Q_INVOKABLE QString auditLicenseLabel() const;
     QString auditLicenseEvidenceLabel(AppLicenseEvidenceState state) const;
     QString auditLicenseSourceLabel() const;
     QString auditLicenseDetailLabel() const;
     QString auditLicenseConfidenceLabel() const;
     QString auditLicenseConfidenceValue(LicenseEvidenceConfidence confidence) const;
     QString auditLicenseSignalsLabel() const;
-    QString auditEvidenceNotice() const; ///< What a signature proves, and what it does not.
-    QString auditLicenseNotice() const;  ///< What licence evidence proves, and what it does not.
+    Q_INVOKABLE QString auditEvidenceNotice() const; ///< What a signature proves, and what it does not.
+    Q_INVOKABLE QString auditLicenseNotice() const;  ///< What licence evidence proves, and what it does not.
 
     // Report.
 
-    QString reportTitle() const;
-    QString reportDescription() const;
+    Q_INVOKABLE QString reportTitle() const;
+    Q_INVOKABLE QString reportDescription() const;
     QString writingReport() const;
 
     // Updates and the cloud.

@@ -2,10 +2,17 @@
 
 #include "Texts.h"
 
+#include <QObject>
+
 #include <span>
 
 namespace Tavelo
 {
+
+/// A namespace of its own for views, which know an enum by what surrounds it.
+inline namespace Screens
+{
+Q_NAMESPACE
 
 /// What a single screen or message says, beyond the labels that several share.
 enum class ScreenText {
@@ -73,6 +80,9 @@ enum class ScreenText {
     fetchConfiguration,
     saveDeviceFields,
 };
+Q_ENUM_NS(ScreenText)
+
+} // namespace Screens
 
 /// Every text, in the order of the keys. The counters and `scannedAt` hold %1, for the caller to fill.
 std::span<const KeyedTexts<ScreenText>> screenTexts();

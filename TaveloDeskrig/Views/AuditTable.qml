@@ -1,0 +1,87 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Tavelo.Views
+
+// The records, one row an application. The arrow keys choose one, Return shows its evidence.
+Rectangle {
+    id: table
+
+    required property DeskrigViewModel viewModel
+
+    radius: Design.radius
+    color: Design.card
+    border.color: Design.border
+
+    onVisibleChanged: list.currentIndex = 0
+
+    ColumnLayout {
+        anchors.fill: parent
+        anchors.margins: 1
+        spacing: 0
+
+        RowLayout {
+            spacing: 8
+            Layout.leftMargin: 14
+            Layout.rightMargin: 24
+            Layout.preferredHeight: 34
+
+            TableTitle {
+                text: table.viewModel.strings.screenText(Screens.ScreenText.nameColumn)
+                Layout.fillWidth: true
+                Layout.leftMargin: 26
+            }
+            TableTitle {
+                text: table.viewModel.strings.auditSignatureLabel()
+                Layout.preferredWidth: 150
+            }
+            TableTitle {
+                text: table.viewModel.strings.auditLicenseLabel()
+                Layout.preferredWidth: 210
+            }
+            Item {
+                Layout.preferredWidth: 84
+            }
+        }
+        Rectangle {
+            color: "#e1e7ef"
+            Layout.fillWidth: true
+            Layout.preferredHeight: 1
+        }
+        ListView {
+            id: list
+
+            objectName: "audit-list"
+            clip: true
+            focus: true
+            boundsBehavior: Flickable.StopAtBounds
+            activeFocusOnTab: true
+            keyNavigationEnabled: true
+            highlightMoveDuration: 0
+            reuseItems: true
+            model: table.viewModel.reportApplications
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            Accessible.role: Accessible.List
+            Accessible.name: table.viewModel.strings.text(Labels.AppI18nKey.macInventory)
+
+            Keys.onReturnPressed: table.viewModel.showApplication(currentIndex)
+            Keys.onEnterPressed: table.viewModel.showApplication(currentIndex)
+
+            T.ScrollBar.vertical: DeskScrollBar {}
+
+            delegate: AuditApplicationRow {
+                required property int index
+
+                width: ListView.view.width
+                strings: table.viewModel.strings
+                isCurrent: list.activeFocus && ListView.isCurrentItem
+                isReachable: ListView.isCurrentItem
+                onChosen: list.currentIndex = index
+                onDetail: table.viewModel.showApplication(index)
+            }
+        }
+    }
+}

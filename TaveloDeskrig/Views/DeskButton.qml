@@ -1,0 +1,68 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Templates as T
+import Tavelo.Views
+
+// What all buttons have in common: looks for the pointer, the press, the keyboard and for being disabled; Return works
+// as Space does.
+T.Button {
+    id: control
+
+    property string symbol: ""
+    property real symbolSize: 16
+    property real symbolWidth: symbolSize
+    property color foreground: Design.text
+    property color fill: "transparent"
+    property color hoverFill: Qt.darker(fill, 1.06)
+    property color pressedFill: Qt.darker(fill, 1.12)
+    property color borderColor: "transparent"
+    property color ringColor: Design.focusRing
+    property bool leading: false
+    property string help: ""
+
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: 34
+    leftPadding: 12
+    rightPadding: 12
+    spacing: 8
+    hoverEnabled: true
+    focusPolicy: Qt.StrongFocus
+    opacity: enabled ? 1 : 0.55
+    font.pixelSize: 12
+    font.weight: Font.DemiBold
+    Accessible.description: help
+    ToolTip.text: help
+    ToolTip.visible: help !== "" && hovered
+    ToolTip.delay: 700
+
+    Keys.onReturnPressed: control.clicked()
+    Keys.onEnterPressed: control.clicked()
+
+    HoverHandler {
+        cursorShape: Qt.PointingHandCursor
+    }
+
+    contentItem: ButtonContent {
+        symbol: control.symbol
+        symbolSize: control.symbolSize
+        symbolWidth: control.symbolWidth
+        text: control.text
+        font: control.font
+        foreground: control.foreground
+        leading: control.leading
+        spacing: control.spacing
+    }
+
+    background: Rectangle {
+        radius: Design.radius
+        color: control.down ? control.pressedFill : control.hovered ? control.hoverFill : control.fill
+        border.width: 1
+        border.color: control.borderColor
+
+        FocusRing {
+            visible: control.visualFocus
+            border.color: control.ringColor
+        }
+    }
+}

@@ -1,0 +1,12 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tavelo.Views
+
+// A text in the window's face. What does not fit ends in an ellipsis.
+T.Label {
+    color: Design.text
+    font.pixelSize: 13
+    elide: Text.ElideRight
+    textFormat: Text.PlainText
+    verticalAlignment: Text.AlignVCenter
+}

@@ -1,0 +1,74 @@
+#include "DeskrigWindow.h"
+
+#include "DeskrigViewModel.h"
+#include "ReportFonts.h"
+#include "Symbols.h"
+
+#include <QAccessible>
+#include <QQmlApplicationEngine>
+#include <QQuickItem>
+#include <QQuickStyle>
+#include <QQuickWindow>
+
+using namespace Qt::StringLiterals;
+
+void qml_register_types_Tavelo_Views();
+
+namespace Tavelo
+{
+
+struct DeskrigWindow::Engine {
+    QQmlApplicationEngine engine;
+};
+
+namespace
+{
+
+/// Speaks up about a message that comes without the user's doing.
+void announce(const QQuickWindow &window, const QString &objectName)
+{
+    if (auto *const item = window.contentItem()->window()->findChild<QQuickItem *>(objectName)) {
+        QAccessibleEvent event(item, QAccessible::Alert);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+} // namespace
+
+DeskrigWindow::DeskrigWindow(DeskrigViewModel &model) : m_engine(std::make_unique<Engine>())
+{
+    volatile const auto registration = &qml_register_types_Tavelo_Views; // keeps the linker from leaving it out
+    Q_UNUSED(registration)
+    QQuickStyle::setStyle(u"Basic"_s);
+    QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
+    Symbols::family();
+
+    QQmlApplicationEngine &engine = m_engine->engine;
+    engine.addImportPath(u"qrc:/qt/qml"_s);
+    engine.setInitialProperties({{u"viewModel"_s, QVariant::fromValue(&model)},
+                                 {u"font"_s, ReportFonts::font(model.language())}});
+    engine.load(QUrl(u"qrc:/qt/qml/Tavelo/Views/DeskrigWindow.qml"_s));
+    QQuickWindow *const window = this->window();
+    if (!window)
+        return;
+    // Each language writes Chinese characters in a style of its own.
+    QObject::connect(&model, &DeskrigViewModel::languageChanged, window, [window, &model] {
+        window->setProperty("font", ReportFonts::font(model.language()));
+    });
+    QObject::connect(
+        &model, &DeskrigViewModel::toastChanged, window,
+        [window, &model] {
+            if (model.toast().isShown())
+                announce(*window, u"toast"_s);
+        },
+        Qt::QueuedConnection);
+}
+
+DeskrigWindow::~DeskrigWindow() = default;
+
+QQuickWindow *DeskrigWindow::window() const
+{
+    return qobject_cast<QQuickWindow *>(m_engine->engine.rootObjects().value(0));
+}
+
+} // namespace Tavelo

@@ -1,0 +1,14 @@
+import QtQuick
+import Tavelo.Views
+
+// A button that is a symbol alone; its help is its name.
+DeskButton {
+    implicitWidth: 28
+    leftPadding: 0
+    rightPadding: 0
+    symbolSize: 18
+    foreground: Design.symbolText
+    hoverFill: Design.hovered
+    pressedFill: Design.pressed
+    Accessible.name: help
+}

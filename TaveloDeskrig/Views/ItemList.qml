@@ -1,0 +1,50 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Tavelo.Views
+
+// The items on screen. The arrow keys choose one, whose buttons Tab then reaches; Return is its main button, and the
+// delete key asks to remove it.
+ListView {
+    id: list
+
+    required property DeskrigViewModel viewModel
+    readonly property AppItemRow currentRow: currentItem as AppItemRow
+
+    clip: true
+    spacing: 8
+    model: viewModel.filteredItems
+    boundsBehavior: Flickable.StopAtBounds
+    cacheBuffer: 400
+    activeFocusOnTab: true
+    keyNavigationEnabled: true
+    highlightMoveDuration: 0
+    leftMargin: 28
+    rightMargin: 28
+    topMargin: 4
+    bottomMargin: 12
+    Accessible.role: Accessible.List
+    Accessible.name: viewModel.shell.headerTitle
+
+    Keys.onReturnPressed: list.currentRow?.install()
+    Keys.onEnterPressed: list.currentRow?.install()
+    Keys.onDeletePressed: list.currentRow?.askToRemove()
+
+    T.ScrollBar.vertical: DeskScrollBar {}
+
+    delegate: AppItemRow {
+        required property int index
+
+        width: ListView.view.width - 56
+        strings: list.viewModel.strings
+        isGlobalBusy: list.viewModel.isInstalling
+        isCurrent: list.activeFocus && ListView.isCurrentItem
+        isReachable: ListView.isCurrentItem
+
+        onChosen: list.currentIndex = index
+        onInstall: list.viewModel.performPrimaryActionOf(itemID)
+        onRemove: list.viewModel.askToUninstallItem(itemID)
+        onDetail: list.viewModel.showItem(itemID)
+    }
+}

@@ -1,0 +1,54 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Templates as T
+import Tavelo.Views
+
+// What the tools said, the newest line in sight.
+Rectangle {
+    id: drawer
+
+    required property DeskrigViewModel viewModel
+
+    implicitHeight: 130
+    radius: Design.radius
+    color: Design.card
+    border.color: list.activeFocus ? Design.focusRing : Design.border
+
+    ListView {
+        id: list
+
+        objectName: "log-list"
+        anchors.fill: parent
+        anchors.margins: 1
+        clip: true
+        spacing: 4
+        topMargin: 12
+        bottomMargin: 12
+        leftMargin: 12
+        rightMargin: 12
+        boundsBehavior: Flickable.StopAtBounds
+        activeFocusOnTab: true
+        model: drawer.viewModel.logLines
+        Accessible.role: Accessible.List
+        Accessible.name: drawer.viewModel.strings.text(Labels.AppI18nKey.log)
+
+        Keys.onUpPressed: flick(0, 600)
+        Keys.onDownPressed: flick(0, -600)
+        onCountChanged: positionViewAtEnd()
+        onHeightChanged: positionViewAtEnd()
+
+        T.ScrollBar.vertical: DeskScrollBar {}
+
+        delegate: DeskText {
+            required property string display
+
+            width: ListView.view.width - 30
+            text: display
+            color: Design.slate
+            wrapMode: Text.WrapAtWordBoundaryOrAnywhere
+            font.family: "monospace"
+            font.pixelSize: 12
+        }
+    }
+}

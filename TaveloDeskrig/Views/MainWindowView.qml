@@ -1,0 +1,51 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Tavelo.Views
+
+// The sidebar, the content above the footer, and what lies over both.
+FocusScope {
+    id: main
+
+    required property DeskrigViewModel viewModel
+
+    RowLayout {
+        anchors.fill: parent
+        spacing: 0
+
+        SidebarView {
+            viewModel: main.viewModel
+            focus: true
+            Layout.fillHeight: true
+        }
+        Rectangle {
+            color: Design.border
+            Layout.preferredWidth: 1
+            Layout.fillHeight: true
+        }
+        ColumnLayout {
+            spacing: 0
+
+            ContentView {
+                viewModel: main.viewModel
+                Layout.fillWidth: true
+                Layout.fillHeight: true
+            }
+            FooterView {
+                viewModel: main.viewModel
+                Layout.fillWidth: true
+            }
+        }
+    }
+
+    SheetHost {
+        viewModel: main.viewModel
+    }
+    RemovePrompt {
+        viewModel: main.viewModel
+    }
+    ToastHost {
+        viewModel: main.viewModel
+    }
+}

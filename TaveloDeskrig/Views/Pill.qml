@@ -1,0 +1,32 @@
+import QtQuick
+import Tavelo.Views
+
+// A short word in colours of its own.
+Rectangle {
+    id: pill
+
+    required property string text
+    required property tone tone
+    property alias font: label.font
+    property real horizontalPadding: 8
+
+    implicitWidth: label.implicitWidth + 2 * horizontalPadding
+    implicitHeight: 22
+    radius: Design.radius
+    color: tone.fill
+    border.width: 1
+    border.color: tone.border
+
+    DeskText {
+        id: label
+
+        anchors.fill: parent
+        anchors.leftMargin: pill.horizontalPadding
+        anchors.rightMargin: pill.horizontalPadding
+        text: pill.text
+        color: pill.tone.text
+        horizontalAlignment: Text.AlignHCenter
+        font.pixelSize: 11
+        font.weight: Font.DemiBold
+    }
+}

@@ -1,0 +1,7 @@
+import QtQuick
+import Tavelo.Views
+
+// The button that looks anew.
+PlainButton {
+    symbol: "arrow.clockwise"
+}

@@ -1,0 +1,111 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Tavelo.Views
+
+// What the report will say, who makes it for whom, and its export.
+SheetView {
+    id: sheet
+
+    readonly property Item focusedItem: Window.activeFocusItem
+
+    implicitWidth: 1040
+    implicitHeight: 712
+    spacing: 14
+    Accessible.name: header.title
+    onAccepted: viewModel.startReportPDFExport()
+    Component.onDestruction: viewModel.saveReportProfile()
+
+    // A field that the keyboard comes to is brought into sight.
+    onFocusedItemChanged: {
+        for (let item = focusedItem; item; item = item.parent) {
+            if (item === list.headerItem)
+                list.positionViewAtBeginning();
+        }
+    }
+
+    SheetHeader {
+        id: header
+
+        title: sheet.viewModel.strings.reportTitle()
+        titleSize: 23
+        titleColor: "#172554"
+        subtitle: sheet.viewModel.strings.reportDescription()
+        subtitleSize: 12
+        subtitleColor: "#52627a"
+        closeHelp: sheet.viewModel.strings.text(Labels.AppI18nKey.close)
+        Layout.fillWidth: true
+        onClosed: sheet.dismissed()
+    }
+    ReportCounters {
+        viewModel: sheet.viewModel
+        Layout.fillWidth: true
+    }
+    ListView {
+        id: list
+
+        objectName: "report-list"
+        clip: true
+        focus: true
+        boundsBehavior: Flickable.StopAtBounds
+        reuseItems: true
+        model: sheet.viewModel.reportApplications
+        Layout.fillWidth: true
+        Layout.fillHeight: true
+
+        T.ScrollBar.vertical: DeskScrollBar {}
+
+        header: FocusScope {
+            width: ListView.view.width
+            implicitHeight: parts.implicitHeight
+            focus: true
+            z: 2
+
+            ReportParts {
+                id: parts
+
+                viewModel: sheet.viewModel
+                focus: true
+                width: parent.width - 10
+            }
+        }
+        delegate: ReportApplicationRow {
+            width: ListView.view.width - 10
+        }
+    }
+    RowLayout {
+        spacing: 10
+
+        PlainButton {
+            objectName: "report-source-button"
+            text: sheet.viewModel.strings.screenText(Screens.ScreenText.reportSource)
+            symbol: "folder.fill"
+            foreground: "#5b6b84"
+            onClicked: sheet.viewModel.revealReport()
+        }
+        Item {
+            Layout.fillWidth: true
+        }
+        PlainButton {
+            objectName: "report-close-button"
+            text: sheet.viewModel.strings.text(Labels.AppI18nKey.close)
+            leftPadding: 18
+            rightPadding: 18
+            onClicked: sheet.dismissed()
+        }
+        ReportPrimaryButtonStyle {
+            objectName: "export-button"
+            text: sheet.viewModel.strings.screenText(Screens.ScreenText.exportPDF)
+            symbol: "arrow.down.doc.fill"
+            leftPadding: 16
+            rightPadding: 18
+            onClicked: sheet.viewModel.startReportPDFExport()
+        }
+    }
+
+    SavePanel {
+        viewModel: sheet.viewModel
+    }
+}

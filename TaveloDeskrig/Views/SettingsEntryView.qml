@@ -1,0 +1,31 @@
+import QtQuick
+import Tavelo.Views
+
+// Opens the settings.
+DeskButton {
+    id: entry
+
+    implicitHeight: 42
+    leading: true
+    symbol: "gearshape"
+    symbolSize: 16
+    symbolWidth: 18
+    spacing: 10
+    rightPadding: 34
+    foreground: "white"
+    fill: "#12ffffff"
+    hoverFill: "#1fffffff"
+    pressedFill: "#2effffff"
+    borderColor: "#14ffffff"
+    ringColor: Design.sidebarAction
+    font.weight: Font.ExtraBold
+
+    SymbolIcon {
+        anchors.right: parent.right
+        anchors.rightMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        symbol: "chevron.right"
+        size: 16
+        color: entry.foreground
+    }
+}

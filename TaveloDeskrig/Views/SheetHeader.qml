@@ -1,0 +1,67 @@
+import QtQuick
+import QtQuick.Layouts
+import Tavelo.Views
+
+// A sheet's title, with a symbol before it and a button that closes it.
+RowLayout {
+    id: header
+
+    property string title: ""
+    property string subtitle: ""
+    property string symbol: ""
+    property real symbolSize: 24
+    property real titleSize: 22
+    property real subtitleSize: 13
+    property color titleColor: Design.text
+    property color subtitleColor: Design.mutedText
+    property string closeHelp: ""
+    property string closeName: "sheet-close-button"
+    default property alias trailing: trailing.data
+    signal closed
+
+    spacing: 12
+
+    SymbolIcon {
+        visible: header.symbol !== ""
+        symbol: header.symbol
+        size: header.symbolSize
+        color: Design.primary
+        Layout.alignment: Qt.AlignTop
+    }
+    ColumnLayout {
+        spacing: 4
+
+        DeskText {
+            text: header.title
+            color: header.titleColor
+            font.pixelSize: header.titleSize
+            font.weight: Font.Bold
+            Layout.fillWidth: true
+            Accessible.role: Accessible.Heading
+        }
+        DeskText {
+            visible: text !== ""
+            text: header.subtitle
+            color: header.subtitleColor
+            font.pixelSize: header.subtitleSize
+            wrapMode: Text.Wrap
+            maximumLineCount: 3
+            Layout.fillWidth: true
+        }
+    }
+    RowLayout {
+        id: trailing
+
+        spacing: 8
+        Layout.alignment: Qt.AlignTop
+    }
+    IconButton {
+        objectName: header.closeName
+        symbol: "xmark"
+        help: header.closeHelp
+        implicitHeight: 28
+        foreground: Design.mutedText
+        Layout.alignment: Qt.AlignTop
+        onClicked: header.closed()
+    }
+}

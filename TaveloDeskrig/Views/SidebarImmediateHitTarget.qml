@@ -1,0 +1,12 @@
+import QtQuick
+import Tavelo.Views
+
+// Acts when the button goes down, not when it comes up: a change of screen starts at the press.
+MouseArea {
+    signal activated
+
+    preventStealing: true
+    cursorShape: Qt.PointingHandCursor
+    Accessible.ignored: true
+    onPressed: activated()
+}

@@ -1,0 +1,135 @@
+pragma ComponentBehavior: Bound
+
+import QtQuick
+import QtQuick.Layouts
+import Tavelo.Views
+
+// Where one goes, and what one starts.
+FocusScope {
+    id: sidebar
+
+    required property DeskrigViewModel viewModel
+
+    function moveFocus(forward: bool) {
+        const item = Window.activeFocusItem.nextItemInFocusChain(forward);
+        item.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+    }
+
+    implicitWidth: 280
+    Layout.minimumWidth: 280
+    Layout.maximumWidth: 280
+    Accessible.role: Accessible.Pane
+    Accessible.name: "Tavelo Deskrig"
+
+    Keys.onDownPressed: moveFocus(true)
+    Keys.onUpPressed: moveFocus(false)
+
+    Rectangle {
+        anchors.fill: parent
+        color: Design.sidebar
+    }
+
+    ColumnLayout {
+        anchors.fill: parent
+        anchors.margins: 16
+        anchors.topMargin: 20
+        spacing: 12
+
+        Flickable {
+            id: flickable
+
+            clip: true
+            contentHeight: entries.height + 8
+            boundsBehavior: Flickable.StopAtBounds
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            // The ring of the entry that has the focus reaches a little beyond it.
+            Layout.margins: -4
+
+            ColumnLayout {
+                id: entries
+
+                x: 4
+                y: 4
+                width: flickable.width - 8
+                spacing: 4
+
+                SidebarHeaderView {
+                    strings: sidebar.viewModel.strings
+                    Layout.fillWidth: true
+                    Layout.bottomMargin: 14
+                }
+                Repeater {
+                    model: sidebar.viewModel.groups
+
+                    SidebarNavLabel {
+                        focus: index === 0
+                        selected: groupID === sidebar.viewModel.selectedGroupID
+                        Layout.fillWidth: true
+                        onActivated: sidebar.viewModel.selectGroup(groupID)
+                    }
+                }
+                AuditSidebarButton {
+                    objectName: "audit-sidebar-button"
+                    title: sidebar.viewModel.strings.text(Labels.AppI18nKey.macInventory)
+                    selected: sidebar.viewModel.selectedGroupID === "audit"
+                    Layout.fillWidth: true
+                    onActivated: sidebar.viewModel.openAuditWorkspace()
+                }
+                ColumnLayout {
+                    spacing: 8
+                    Layout.topMargin: 14
+
+                    ActionButton {
+                        objectName: "install-standard-button"
+                        text: sidebar.viewModel.strings.text(Labels.AppI18nKey.installStandard)
+                        symbol: "arrow.down.to.line"
+                        variant: ActionButton.Variant.Primary
+                        enabled: sidebar.viewModel.presetsAllowed
+                        Layout.fillWidth: true
+                        onClicked: sidebar.viewModel.installStandard()
+                    }
+                    ActionButton {
+                        objectName: "install-full-button"
+                        text: sidebar.viewModel.strings.text(Labels.AppI18nKey.installFull)
+                        symbol: "shippingbox"
+                        enabled: sidebar.viewModel.presetsAllowed
+                        Layout.fillWidth: true
+                        onClicked: sidebar.viewModel.installFull()
+                    }
+                    ActionButton {
+                        objectName: "system-check-button"
+                        text: sidebar.viewModel.strings.text(Labels.AppI18nKey.systemCheck)
+                        symbol: "info.circle"
+                        Layout.fillWidth: true
+                        onClicked: sidebar.viewModel.openSheet(Sheets.SheetKind.systemChecks)
+                    }
+                    ActionButton {
+                        objectName: "report-button"
+                        text: sidebar.viewModel.strings.text(Labels.AppI18nKey.openReport)
+                        symbol: "doc.text"
+                        Layout.fillWidth: true
+                        onClicked: sidebar.viewModel.openReport()
+                    }
+                    ActionButton {
+                        objectName: "cloud-tools-button"
+                        text: sidebar.viewModel.strings.text(Labels.AppI18nKey.cloudTools)
+                        symbol: "checkmark.seal"
+                        Layout.fillWidth: true
+                        onClicked: sidebar.viewModel.openSheet(Sheets.SheetKind.cloudTools)
+                    }
+                }
+            }
+        }
+        SystemSummaryCard {
+            viewModel: sidebar.viewModel
+            Layout.fillWidth: true
+        }
+        SettingsEntryView {
+            objectName: "settings-button"
+            text: sidebar.viewModel.strings.text(Labels.AppI18nKey.settings)
+            Layout.fillWidth: true
+            onClicked: sidebar.viewModel.openSheet(Sheets.SheetKind.settings)
+        }
+    }
+}

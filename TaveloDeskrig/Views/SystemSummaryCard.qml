@@ -1,0 +1,63 @@
+import QtQuick
+import QtQuick.Layouts
+import Tavelo.Views
+
+// Whether this Mac is ready, or what was found on it.
+Rectangle {
+    id: card
+
+    required property DeskrigViewModel viewModel
+
+    implicitHeight: content.implicitHeight + 24
+    radius: Design.radius
+    color: "#12ffffff"
+    border.color: "#14ffffff"
+    Accessible.role: Accessible.Grouping
+    Accessible.name: viewModel.shell.systemTitle
+
+    RowLayout {
+        id: content
+
+        anchors.fill: parent
+        anchors.margins: 12
+        spacing: 10
+
+        SymbolIcon {
+            symbol: "shield.lefthalf.filled"
+            size: 17
+            color: "#d1ffffff"
+            Layout.preferredWidth: 18
+            Layout.alignment: Qt.AlignTop
+        }
+        ColumnLayout {
+            spacing: 4
+
+            DeskText {
+                text: card.viewModel.shell.systemTitle
+                color: "white"
+                font.weight: Font.Bold
+                Layout.fillWidth: true
+            }
+            DeskText {
+                text: card.viewModel.shell.systemDetail
+                color: Design.sidebarMuted
+                font.pixelSize: 11
+                wrapMode: Text.Wrap
+                maximumLineCount: 4
+                Layout.fillWidth: true
+            }
+            DeskText {
+                text: card.viewModel.shell.linuxSource
+                color: Design.sidebarMuted
+                font.pixelSize: 11
+                Layout.fillWidth: true
+            }
+            DeskText {
+                text: card.viewModel.shell.version
+                color: Design.sidebarMuted
+                font.pixelSize: 11
+                Layout.fillWidth: true
+            }
+        }
+    }
+}
