@@ -19,11 +19,9 @@ FocusScope {
         visible: !content.isAudit
         viewModel: content.viewModel
     }
-    Loader {
+    AuditWorkspaceView {
         anchors.fill: parent
-        active: content.isAudit
-        sourceComponent: AuditWorkspaceView {
-            viewModel: content.viewModel
-        }
+        visible: content.isAudit
+        viewModel: content.viewModel
     }
 }

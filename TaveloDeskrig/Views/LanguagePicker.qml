@@ -10,6 +10,7 @@ T.ComboBox {
 
     required property list<string> names
     required property int chosen
+    property alias menuOpen: menu.visible
 
     implicitHeight: 34
     leftPadding: 12
@@ -18,12 +19,12 @@ T.ComboBox {
     currentIndex: chosen
     focusPolicy: Qt.StrongFocus
 
-    Keys.onReturnPressed: popup.visible ? picker.accept() : popup.open()
+    Keys.onReturnPressed: menu.visible ? picker.accept() : menu.open()
 
     function accept() {
         picker.currentIndex = picker.highlightedIndex;
         picker.activated(picker.currentIndex);
-        popup.close();
+        menu.close();
     }
 
     contentItem: DeskText {
@@ -70,6 +71,8 @@ T.ComboBox {
         }
     }
     popup: T.Popup {
+        id: menu
+
         y: picker.height + 4
         width: picker.width
         implicitHeight: contentItem.implicitHeight + 8

@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Tavelo.Views
 
@@ -9,80 +7,41 @@ DeskDialog {
 
     required property DeskrigViewModel viewModel
     readonly property int kind: viewModel.sheetKind
-    property int shownKind: Sheets.SheetKind.none
 
-    function componentOf(kind: int): Component {
+    function sourceOf(kind: int): url {
         switch (kind) {
         case Sheets.SheetKind.itemDetail:
-            return itemDetail;
+            return "ItemDetailView.qml";
         case Sheets.SheetKind.auditDetail:
-            return auditDetail;
+            return "AuditApplicationDetailView.qml";
         case Sheets.SheetKind.settings:
-            return settings;
+            return "SettingsView.qml";
         case Sheets.SheetKind.systemChecks:
-            return systemChecks;
+            return "SystemCheckView.qml";
         case Sheets.SheetKind.report:
-            return report;
+            return "ReportExportView.qml";
         case Sheets.SheetKind.cloudTools:
-            return cloudTools;
+            return "CloudToolsView.qml";
         }
-        return null;
+        return "";
     }
 
+    implicitWidth: loader.implicitWidth
+    implicitHeight: loader.implicitHeight
     visible: kind !== Sheets.SheetKind.none
+    // The same kind again is another sheet.
     onKindChanged: {
-        if (kind === Sheets.SheetKind.none)
-            return;
-        shownKind = Sheets.SheetKind.none; // the same kind again is another sheet
-        shownKind = kind;
+        if (kind !== Sheets.SheetKind.none)
+            loader.setSource(sourceOf(kind), {
+                "viewModel": viewModel
+            });
     }
-    onClosed: shownKind = Sheets.SheetKind.none
+    onClosed: loader.source = ""
 
-    contentItem: Loader {
+    Loader {
+        id: loader
+
+        anchors.fill: parent
         focus: true
-        sourceComponent: host.componentOf(host.shownKind)
-    }
-
-    Component {
-        id: itemDetail
-
-        ItemDetailView {
-            viewModel: host.viewModel
-        }
-    }
-    Component {
-        id: auditDetail
-
-        AuditApplicationDetailView {
-            viewModel: host.viewModel
-        }
-    }
-    Component {
-        id: settings
-
-        SettingsView {
-            viewModel: host.viewModel
-        }
-    }
-    Component {
-        id: systemChecks
-
-        SystemCheckView {
-            viewModel: host.viewModel
-        }
-    }
-    Component {
-        id: report
-
-        ReportExportView {
-            viewModel: host.viewModel
-        }
-    }
-    Component {
-        id: cloudTools
-
-        CloudToolsView {
-            viewModel: host.viewModel
-        }
     }
 }

@@ -10,7 +10,8 @@ T.Popup {
 
     required property DeskrigViewModel viewModel
     readonly property bool shown: viewModel.toast.isShown
-    property toastMessage message
+    property string text: ""
+    property int kind: 0
     property real offset: 0
 
     parent: T.Overlay.overlay
@@ -26,7 +27,8 @@ T.Popup {
 
     contentItem: ToastView {
         objectName: "toast"
-        message: host.message
+        text: host.text
+        kind: host.kind
         offset: host.offset
     }
     enter: Transition {
@@ -63,8 +65,10 @@ T.Popup {
 
         // What goes keeps its words until it is gone.
         function onToastChanged() {
-            if (host.shown)
-                message = host.viewModel.toast;
+            if (!host.shown)
+                return;
+            host.text = host.viewModel.toast.text;
+            host.kind = host.viewModel.toast.kind;
         }
     }
 }

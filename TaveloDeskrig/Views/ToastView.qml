@@ -6,14 +6,15 @@ import Tavelo.Views
 Item {
     id: view
 
-    property toastMessage message
+    required property string text
+    required property int kind
     property real offset: 0
-    readonly property tone look: Tones.toast(message.kind)
+    readonly property tone look: Tones.toast(kind)
 
     implicitWidth: Math.min(360, row.implicitWidth + 28)
     implicitHeight: row.implicitHeight + 20
     Accessible.role: Accessible.AlertMessage
-    Accessible.name: message.text
+    Accessible.name: text
 
     transform: Translate {
         y: view.offset
@@ -42,7 +43,7 @@ Item {
             color: view.look.text
         }
         DeskText {
-            text: view.message.text
+            text: view.text
             wrapMode: Text.Wrap
             maximumLineCount: 4
             font.weight: Font.DemiBold

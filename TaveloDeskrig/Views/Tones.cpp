@@ -109,9 +109,9 @@ Tone Tones::licence(const QString &state)
     return of(tones, state);
 }
 
-Tone Tones::toast(ToastMessage::Kind kind)
+Tone Tones::toast(int kind)
 {
-    switch (kind) {
+    switch (static_cast<ToastMessage::Kind>(kind)) {
     case ToastMessage::Kind::success:
         return tinted(success, u"checkmark.circle.fill"_s);
     case ToastMessage::Kind::warning:
@@ -119,7 +119,7 @@ Tone Tones::toast(ToastMessage::Kind kind)
     case ToastMessage::Kind::failure:
         return tinted(danger, u"xmark.octagon.fill"_s);
     }
-    Q_UNREACHABLE();
+    return grey;
 }
 
 } // namespace Tavelo

@@ -53,8 +53,8 @@ public:
     Q_INVOKABLE static Tavelo::Tone signature(const QString &status);
     /// Of an `AppLicenseEvidenceState`.
     Q_INVOKABLE static Tavelo::Tone licence(const QString &state);
-    /// Of a toast, with its symbol; its text is that of all toasts.
-    Q_INVOKABLE static Tavelo::Tone toast(Tavelo::ToastMessage::Kind kind);
+    /// Of a `ToastMessage::Kind`, with its symbol.
+    Q_INVOKABLE static Tavelo::Tone toast(int kind);
 };
 
 } // namespace Tavelo

@@ -1,0 +1,110 @@
+#include "Stage.h"
+
+#include "HttpTransport.h"
+#include "UserDefaults.h"
+
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace Tavelo
+{
+
+namespace
+{
+
+/// Answers the question for the release policy, and leaves any other without an answer.
+class PolicyTransport : public HttpTransport
+{
+public:
+    explicit PolicyTransport(QByteArray policy) : m_policy(std::move(policy)) {}
+
+    void send(const HttpRequest &request, Receive receive) override
+    {
+        if (request.url.path().contains("release-policy"_L1) && !m_policy.isEmpty())
+            QMetaObject::invokeMethod(
+                &m_later, [policy = m_policy, receive] { receive({.error = {}, .location = {}, .body = policy}); }, Qt::QueuedConnection);
+        else
+            m_waiting.append(std::move(receive));
+    }
+
+private:
+    QByteArray m_policy;
+    QList<Receive> m_waiting;
+    QObject m_later;
+};
+
+QQuickItem *findIn(QQuickItem *item, const QString &objectName)
+{
+    if (!item->isVisible())
+        return nullptr;
+    if (item->objectName() == objectName)
+        return item;
+    const QList<QQuickItem *> children = item->childItems();
+    for (QQuickItem *const child : children) {
+        if (QQuickItem *const found = findIn(child, objectName))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+Stage::Stage(const ProgramOnAMac &mac, AppLanguage language, const QByteArray &releasePolicy)
+{
+    QProcessEnvironment environment = mac.environment;
+    if (!releasePolicy.isEmpty()) {
+        environment.insert(u"TAVELO_SUPABASE_URL"_s, u"https://localhost"_s);
+        environment.insert(u"TAVELO_SUPABASE_ANON_KEY"_s, u"key"_s);
+    }
+    PlatformServices services = PlatformServices::make(environment);
+    services.clock = m_clock;
+    services.defaults->setText(AppLanguages::storedKey.toString(), rawValue(language));
+    m_pool.setMaxThreadCount(16);
+    m_model = std::make_unique<DeskrigViewModel>(services, std::make_unique<PolicyTransport>(releasePolicy), m_pool);
+    m_window = std::make_unique<DeskrigWindow>(*m_model);
+    if (!m_window->window())
+        qFatal("The window could not be made.");
+    if (!QTest::qWaitForWindowExposed(m_window->window()))
+        qFatal("The window does not show.");
+}
+
+Stage::~Stage()
+{
+    m_window.reset();
+    m_model.reset();
+    m_pool.waitForDone();
+}
+
+QQuickItem *Stage::find(const QString &objectName)
+{
+    return findIn(window().contentItem(), objectName);
+}
+
+void Stage::settle()
+{
+    do {
+        QCoreApplication::processEvents();
+    } while (!m_pool.waitForDone(5));
+    pass(300); // more than any animation takes
+}
+
+void Stage::pass(int milliseconds)
+{
+    QTest::qWait(milliseconds);
+}
+
+void Stage::resize(QSize size)
+{
+    window().resize(size);
+    pass(50);
+}
+
+QImage Stage::picture()
+{
+    return window().grabWindow();
+}
+
+} // namespace Tavelo
