@@ -120,7 +120,7 @@ private:
         on->settle();
         picture(u"settings"_s);
         if (QQuickItem *const picker = on->find(u"language-picker"_s))
-            picker->setProperty("menuOpen", true);
+            picker->property("popup").value<QObject *>()->setProperty("visible", true);
         on->pass(300);
         picture(u"settings-languages"_s);
         model.dismissSheet();

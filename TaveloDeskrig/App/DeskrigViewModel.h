@@ -100,7 +100,7 @@ class DeskrigViewModel : public QObject
     Q_PROPERTY(int languageIndex READ languageIndex NOTIFY languageChanged STORED false)
     Q_PROPERTY(bool presetsAllowed READ presetsAllowed NOTIFY presetsAllowedChanged STORED false)
     Q_PROPERTY(Tavelo::Sheets::SheetKind sheetKind READ sheetKind NOTIFY activeSheetChanged STORED false)
-    Q_PROPERTY(Tavelo::SheetHead sheetHead READ sheetHead NOTIFY activeSheetChanged STORED false)
+    Q_PROPERTY(Tavelo::SheetHead sheetHead READ sheetHead NOTIFY sheetHeadChanged STORED false)
     Q_PROPERTY(Tavelo::DetailListModel *sheetDetails READ sheetDetails CONSTANT)
     Q_PROPERTY(bool removePromptShown READ removePromptShown NOTIFY pendingUninstallChanged STORED false)
     Q_PROPERTY(QString removePromptMessage READ removePromptMessage NOTIFY pendingUninstallChanged STORED false)
@@ -328,6 +328,7 @@ Q_SIGNALS:
     void installedCountChanged();
     void updateTextsChanged();
     void shellChanged();
+    void sheetHeadChanged();
     void presetsAllowedChanged();
 
 private:

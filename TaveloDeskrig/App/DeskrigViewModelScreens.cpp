@@ -162,6 +162,7 @@ void DeskrigViewModel::fillSheet()
         m_sheetHead = {.title = application->name};
         m_sheetDetails.setDetails(detailsOf(*application, strings));
     }
+    Q_EMIT sheetHeadChanged();
 }
 
 std::optional<AppItem> DeskrigViewModel::itemOf(const QString &itemID) const

@@ -104,6 +104,7 @@ Rectangle {
                 RowLayout {
                     spacing: 8
                     Layout.fillWidth: true
+                    Layout.maximumWidth: implicitWidth
 
                     Repeater {
                         model: row.groupIDs
@@ -124,9 +125,6 @@ Rectangle {
                     SourcePill {
                         text: row.packages
                         Layout.minimumWidth: implicitWidth
-                    }
-                    Item {
-                        Layout.fillWidth: true
                     }
                 }
             }

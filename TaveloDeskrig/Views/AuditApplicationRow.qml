@@ -57,6 +57,7 @@ Item {
         }
         ColumnLayout {
             spacing: 3
+            Layout.fillWidth: true
 
             DeskText {
                 text: row.name
@@ -75,13 +76,15 @@ Item {
             evidence: row.signatureState
             status: row.signatureText
             strings: row.strings
-            Layout.preferredWidth: 150
+            Layout.minimumWidth: 150
+            Layout.maximumWidth: 150
         }
         LicenseEvidencePill {
             evidence: row.licenseState
             text: row.licenseText
             strings: row.strings
-            Layout.preferredWidth: 210
+            Layout.minimumWidth: 210
+            Layout.maximumWidth: 210
         }
         AuditDetailButtonStyle {
             text: row.strings.text(Labels.AppI18nKey.detailHelp)

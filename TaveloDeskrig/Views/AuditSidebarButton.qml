@@ -5,6 +5,7 @@ import Tavelo.Views
 SidebarEntry {
     property string title: ""
 
+    implicitHeight: 40
     text: title
     symbol: "magnifyingglass"
 }

@@ -35,11 +35,13 @@ Rectangle {
             }
             TableTitle {
                 text: table.viewModel.strings.auditSignatureLabel()
-                Layout.preferredWidth: 150
+                Layout.minimumWidth: 150
+                Layout.maximumWidth: 150
             }
             TableTitle {
                 text: table.viewModel.strings.auditLicenseLabel()
-                Layout.preferredWidth: 210
+                Layout.minimumWidth: 210
+                Layout.maximumWidth: 210
             }
             Item {
                 Layout.preferredWidth: 84

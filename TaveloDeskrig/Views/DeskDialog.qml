@@ -31,7 +31,7 @@ T.Popup {
 
         SoftShadow {
             cornerRadius: 12
-            reach: 14
+            reach: 12
         }
     }
     enter: Transition {

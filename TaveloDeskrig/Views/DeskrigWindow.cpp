@@ -39,7 +39,8 @@ DeskrigWindow::DeskrigWindow(DeskrigViewModel &model) : m_engine(std::make_uniqu
 {
     volatile const auto registration = &qml_register_types_Tavelo_Views; // keeps the linker from leaving it out
     Q_UNUSED(registration)
-    QQuickStyle::setStyle(u"Basic"_s);
+    if (QQuickStyle::name() != u"Basic")
+        QQuickStyle::setStyle(u"Basic"_s);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
     Symbols::family();
 

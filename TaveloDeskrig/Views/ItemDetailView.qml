@@ -10,7 +10,7 @@ SheetView {
 
     implicitWidth: 640
     implicitHeight: 400
-    spacing: 14
+    spacing: 12
     Accessible.name: viewModel.sheetHead.title
     onAccepted: dismissed()
 
@@ -46,6 +46,7 @@ SheetView {
     }
     DetailList {
         model: sheet.viewModel.sheetDetails
+        spacing: 8
         Layout.fillWidth: true
         Layout.fillHeight: true
 

@@ -11,6 +11,7 @@ ColumnLayout {
     property tone tone
 
     spacing: 3
+    Layout.fillWidth: false
 
     DeskText {
         text: labelled.label

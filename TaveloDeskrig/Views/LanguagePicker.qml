@@ -10,7 +10,6 @@ T.ComboBox {
 
     required property list<string> names
     required property int chosen
-    property alias menuOpen: menu.visible
 
     implicitHeight: 34
     leftPadding: 12
@@ -19,12 +18,12 @@ T.ComboBox {
     currentIndex: chosen
     focusPolicy: Qt.StrongFocus
 
-    Keys.onReturnPressed: menu.visible ? picker.accept() : menu.open()
+    Keys.onReturnPressed: popup.visible ? picker.accept() : popup.open()
 
     function accept() {
         picker.currentIndex = picker.highlightedIndex;
         picker.activated(picker.currentIndex);
-        menu.close();
+        popup.close();
     }
 
     contentItem: DeskText {
@@ -71,8 +70,6 @@ T.ComboBox {
         }
     }
     popup: T.Popup {
-        id: menu
-
         y: picker.height + 4
         width: picker.width
         implicitHeight: contentItem.implicitHeight + 8

@@ -35,10 +35,18 @@ Rectangle {
 
         Keys.onUpPressed: flick(0, 600)
         Keys.onDownPressed: flick(0, -600)
-        onCountChanged: positionViewAtEnd()
-        onHeightChanged: positionViewAtEnd()
+        onCountChanged: follower.restart()
+        onHeightChanged: follower.restart()
 
         T.ScrollBar.vertical: DeskScrollBar {}
+
+        // Later, when new lines have their heights.
+        Timer {
+            id: follower
+
+            interval: 0
+            onTriggered: list.positionViewAtEnd()
+        }
 
         delegate: DeskText {
             required property string display

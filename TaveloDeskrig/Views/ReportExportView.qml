@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Templates as T
@@ -12,10 +10,11 @@ SheetView {
     readonly property Item focusedItem: Window.activeFocusItem
 
     implicitWidth: 1040
-    implicitHeight: 712
+    implicitHeight: 664
     spacing: 14
     Accessible.name: header.title
     onAccepted: viewModel.startReportPDFExport()
+    Component.onCompleted: list.positionViewAtBeginning()
     Component.onDestruction: viewModel.saveReportProfile()
 
     // A field that the keyboard comes to is brought into sight.
@@ -57,20 +56,15 @@ SheetView {
 
         T.ScrollBar.vertical: DeskScrollBar {}
 
-        header: FocusScope {
-            width: ListView.view.width
-            implicitHeight: parts.implicitHeight
+        // A list of Qt 6.4 makes no bound header, and one that is not bound is held to be unqualified.
+        // qmllint disable unqualified
+        header: ReportParts {
+            viewModel: sheet.viewModel
             focus: true
+            width: list.width - 10
             z: 2
-
-            ReportParts {
-                id: parts
-
-                viewModel: sheet.viewModel
-                focus: true
-                width: parent.width - 10
-            }
         }
+        // qmllint enable unqualified
         delegate: ReportApplicationRow {
             width: ListView.view.width - 10
         }

@@ -12,10 +12,12 @@ Item {
         target: panel.viewModel
 
         function onSavePanelShownChanged() {
-            if (!panel.viewModel.savePanelShown)
-                return;
-            dialog.selectedFile = panel.viewModel.savePanelFile;
-            dialog.open();
+            if (panel.viewModel.savePanelShown) {
+                dialog.selectedFile = panel.viewModel.savePanelFile;
+                dialog.open();
+            } else {
+                dialog.close();
+            }
         }
     }
     FileDialog {
@@ -24,6 +26,8 @@ Item {
         objectName: "save-panel"
         title: panel.viewModel.strings.screenText(Screens.ScreenText.exportPDF)
         fileMode: FileDialog.SaveFile
+        acceptLabel: title
+        rejectLabel: panel.viewModel.strings.text(Labels.AppI18nKey.cancel)
         nameFilters: ["PDF (*.pdf)"]
         defaultSuffix: "pdf"
         onAccepted: panel.viewModel.exportReportPDF(selectedFile)

@@ -53,6 +53,7 @@ RowLayout {
         id: trailing
 
         spacing: 8
+        Layout.fillWidth: false
         Layout.alignment: Qt.AlignTop
     }
     IconButton {

@@ -41,6 +41,8 @@ DeskDialog {
     Loader {
         id: loader
 
+        objectName: "sheet"
+
         anchors.fill: parent
         focus: true
     }

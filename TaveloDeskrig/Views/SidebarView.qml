@@ -31,9 +31,9 @@ FocusScope {
 
     ColumnLayout {
         anchors.fill: parent
-        anchors.margins: 16
-        anchors.topMargin: 20
-        spacing: 12
+        anchors.margins: 14
+        anchors.topMargin: 18
+        spacing: 10
 
         Flickable {
             id: flickable
@@ -52,12 +52,12 @@ FocusScope {
                 x: 4
                 y: 4
                 width: flickable.width - 8
-                spacing: 4
+                spacing: 2
 
                 SidebarHeaderView {
                     strings: sidebar.viewModel.strings
                     Layout.fillWidth: true
-                    Layout.bottomMargin: 14
+                    Layout.bottomMargin: 10
                 }
                 Repeater {
                     model: sidebar.viewModel.groups
@@ -77,8 +77,8 @@ FocusScope {
                     onActivated: sidebar.viewModel.openAuditWorkspace()
                 }
                 ColumnLayout {
-                    spacing: 8
-                    Layout.topMargin: 14
+                    spacing: 6
+                    Layout.topMargin: 10
 
                     ActionButton {
                         objectName: "install-standard-button"

@@ -24,7 +24,7 @@ Item {
             anchors.topMargin: 2 - index
             anchors.bottomMargin: -2 - index
             radius: shadow.cornerRadius + index
-            color: "#05000000"
+            color: "#03000000"
         }
     }
 }
