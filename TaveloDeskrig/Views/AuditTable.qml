@@ -62,6 +62,7 @@ Rectangle {
             activeFocusOnTab: true
             keyNavigationEnabled: true
             highlightMoveDuration: 0
+            cacheBuffer: 0
             reuseItems: true
             model: table.viewModel.reportApplications
             Layout.fillWidth: true

@@ -5,6 +5,7 @@ import Tavelo.Views
 // Titled values, which the arrow keys scroll.
 ListView {
     clip: true
+    cacheBuffer: 0
     spacing: 12
     boundsBehavior: Flickable.StopAtBounds
     activeFocusOnTab: contentHeight > height

@@ -16,7 +16,7 @@ ListView {
     spacing: 8
     model: viewModel.filteredItems
     boundsBehavior: Flickable.StopAtBounds
-    cacheBuffer: 400
+    cacheBuffer: 0 // a change of group replaces all rows, and rows half made would be in the way
     activeFocusOnTab: true
     keyNavigationEnabled: true
     highlightMoveDuration: 0

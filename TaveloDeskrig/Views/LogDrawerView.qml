@@ -20,13 +20,11 @@ Rectangle {
 
         objectName: "log-list"
         anchors.fill: parent
-        anchors.margins: 1
+        anchors.margins: 12
+        anchors.rightMargin: 4
         clip: true
+        cacheBuffer: 0
         spacing: 4
-        topMargin: 12
-        bottomMargin: 12
-        leftMargin: 12
-        rightMargin: 12
         boundsBehavior: Flickable.StopAtBounds
         activeFocusOnTab: true
         model: drawer.viewModel.logLines
@@ -45,13 +43,17 @@ Rectangle {
             id: follower
 
             interval: 0
-            onTriggered: list.positionViewAtEnd()
+            onTriggered: {
+                list.positionViewAtEnd(); // by heights that are guessed where lines were out of sight
+                list.forceLayout();
+                list.positionViewAtEnd();
+            }
         }
 
         delegate: DeskText {
             required property string display
 
-            width: ListView.view.width - 30
+            width: ListView.view.width - 16
             text: display
             color: Design.slate
             wrapMode: Text.WrapAtWordBoundaryOrAnywhere

@@ -49,6 +49,7 @@ SheetView {
         clip: true
         focus: true
         boundsBehavior: Flickable.StopAtBounds
+        cacheBuffer: 0
         reuseItems: true
         model: sheet.viewModel.reportApplications
         Layout.fillWidth: true
