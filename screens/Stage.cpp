@@ -25,7 +25,8 @@ public:
     {
         if (request.url.path().contains("release-policy"_L1) && !m_policy.isEmpty())
             QMetaObject::invokeMethod(
-                &m_later, [policy = m_policy, receive] { receive({.error = {}, .location = {}, .body = policy}); }, Qt::QueuedConnection);
+                &m_later, [policy = m_policy, receive] { receive({.error = {}, .location = {}, .body = policy}); },
+                Qt::QueuedConnection);
         else
             m_waiting.append(std::move(receive));
     }

@@ -74,10 +74,9 @@ QList<DetailListModel::Detail> detailsOf(const InstalledMacApplication &applicat
 
 void DeskrigViewModel::connectScreens()
 {
-    for (const auto signal :
-         {&DeskrigViewModel::selectedGroupIDChanged, &DeskrigViewModel::languageChanged,
-          &DeskrigViewModel::installedCountChanged, &DeskrigViewModel::coreReadinessDetailChanged,
-          &DeskrigViewModel::reportSnapshotDateChanged})
+    for (const auto signal : {&DeskrigViewModel::selectedGroupIDChanged, &DeskrigViewModel::languageChanged,
+                              &DeskrigViewModel::installedCountChanged, &DeskrigViewModel::coreReadinessDetailChanged,
+                              &DeskrigViewModel::reportSnapshotDateChanged})
         connect(this, signal, this, &DeskrigViewModel::shellChanged);
     connect(&m_reportApplications, &QAbstractItemModel::modelReset, this, &DeskrigViewModel::shellChanged);
     connect(this, &DeskrigViewModel::isInstallingChanged, this, &DeskrigViewModel::presetsAllowedChanged);

@@ -26,7 +26,7 @@ public:
     QString headerTitle = {};   ///< The selected group.
     QString headerSummary = {}; ///< How many of all items are installed.
     QString progressLabel = {};
-    QString systemTitle = {};  ///< Of the sidebar's card, on the Mac or on its inventory.
+    QString systemTitle = {}; ///< Of the sidebar's card, on the Mac or on its inventory.
     QString systemDetail = {};
     QString linuxSource = {}; ///< How many items of the Linux set the catalog maps.
     QString version = {};
@@ -51,8 +51,8 @@ struct SheetHead {
 public:
     QString title = {};
     QString subtitle = {};
-    QString symbol = {};     ///< System symbol name; of an item only, as is what follows.
-    QString status = {};     ///< The raw value of `InstallStatus`.
+    QString symbol = {}; ///< System symbol name; of an item only, as is what follows.
+    QString status = {}; ///< The raw value of `InstallStatus`.
     QString statusText = {};
 
     bool operator==(const SheetHead &) const = default;

@@ -103,8 +103,8 @@ Rectangle {
                 }
                 RowLayout {
                     spacing: 8
-                    Layout.fillWidth: true
-                    Layout.maximumWidth: implicitWidth
+                    Layout.fillWidth: false
+                    Layout.maximumWidth: parent.width
 
                     Repeater {
                         model: row.groupIDs
@@ -120,7 +120,7 @@ Rectangle {
                     SourcePill {
                         text: row.source
                         Layout.fillWidth: true
-                        Layout.maximumWidth: implicitWidth
+                        Layout.minimumWidth: 40
                     }
                     SourcePill {
                         text: row.packages

@@ -15,7 +15,7 @@ Item {
     required property bool leading
     required property real spacing
 
-    implicitWidth: row.implicitWidth
+    implicitWidth: Math.ceil(row.implicitWidth)
     implicitHeight: row.implicitHeight
 
     RowLayout {

@@ -8,7 +8,7 @@ Rectangle {
     property string text: ""
     property color tint: Design.primary
 
-    implicitWidth: label.implicitWidth + 20
+    implicitWidth: Math.ceil(label.implicitWidth) + 20
     implicitHeight: 26
     radius: 13
     color: Qt.rgba(tint.r, tint.g, tint.b, 0.12)

@@ -46,16 +46,15 @@ DeskrigWindow::DeskrigWindow(DeskrigViewModel &model) : m_engine(std::make_uniqu
 
     QQmlApplicationEngine &engine = m_engine->engine;
     engine.addImportPath(u"qrc:/qt/qml"_s);
-    engine.setInitialProperties({{u"viewModel"_s, QVariant::fromValue(&model)},
-                                 {u"font"_s, ReportFonts::font(model.language())}});
+    engine.setInitialProperties(
+        {{u"viewModel"_s, QVariant::fromValue(&model)}, {u"font"_s, ReportFonts::font(model.language())}});
     engine.load(QUrl(u"qrc:/qt/qml/Tavelo/Views/DeskrigWindow.qml"_s));
     QQuickWindow *const window = this->window();
     if (!window)
         return;
     // Each language writes Chinese characters in a style of its own.
-    QObject::connect(&model, &DeskrigViewModel::languageChanged, window, [window, &model] {
-        window->setProperty("font", ReportFonts::font(model.language()));
-    });
+    QObject::connect(&model, &DeskrigViewModel::languageChanged, window,
+                     [window, &model] { window->setProperty("font", ReportFonts::font(model.language())); });
     QObject::connect(
         &model, &DeskrigViewModel::toastChanged, window,
         [window, &model] {

@@ -17,14 +17,14 @@ Item {
     property bool buttonEnabled: true
     signal started
 
-    implicitHeight: column.implicitHeight + 32
+    implicitHeight: column.implicitHeight + 8
 
     ColumnLayout {
         id: column
 
         anchors.centerIn: parent
         width: Math.min(parent.width, 460)
-        spacing: 10
+        spacing: 8
 
         SymbolIcon {
             symbol: state.symbol

@@ -8,9 +8,10 @@ Rectangle {
     required property string text
     required property tone tone
     property alias font: label.font
+    property alias fontSizeMode: label.fontSizeMode
     property real horizontalPadding: 8
 
-    implicitWidth: label.implicitWidth + 2 * horizontalPadding
+    implicitWidth: Math.ceil(label.implicitWidth) + 2 * horizontalPadding
     implicitHeight: 22
     radius: Design.radius
     color: tone.fill
@@ -26,6 +27,7 @@ Rectangle {
         text: pill.text
         color: pill.tone.text
         horizontalAlignment: Text.AlignHCenter
+        minimumPixelSize: 8
         font.pixelSize: 11
         font.weight: Font.DemiBold
     }

@@ -10,8 +10,8 @@ SheetView {
     readonly property Item focusedItem: Window.activeFocusItem
 
     implicitWidth: 1040
-    implicitHeight: 664
-    spacing: 14
+    implicitHeight: 690
+    spacing: 12
     Accessible.name: header.title
     onAccepted: viewModel.startReportPDFExport()
     Component.onCompleted: list.positionViewAtBeginning()

@@ -10,7 +10,7 @@ FocusScope {
     required property string text
     signal edited(string text)
 
-    implicitHeight: 72
+    implicitHeight: 54
 
     EntryFrame {
         anchors.fill: parent

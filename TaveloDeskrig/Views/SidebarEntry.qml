@@ -8,7 +8,7 @@ DeskButton {
     property bool selected: false
     signal activated
 
-    implicitHeight: 36
+    implicitHeight: 34
     leading: true
     spacing: 10
     symbolWidth: 22

@@ -33,7 +33,7 @@ FocusScope {
         anchors.fill: parent
         anchors.margins: 14
         anchors.topMargin: 18
-        spacing: 10
+        spacing: 8
 
         Flickable {
             id: flickable
@@ -57,7 +57,7 @@ FocusScope {
                 SidebarHeaderView {
                     strings: sidebar.viewModel.strings
                     Layout.fillWidth: true
-                    Layout.bottomMargin: 10
+                    Layout.bottomMargin: 6
                 }
                 Repeater {
                     model: sidebar.viewModel.groups
@@ -78,7 +78,7 @@ FocusScope {
                 }
                 ColumnLayout {
                     spacing: 6
-                    Layout.topMargin: 10
+                    Layout.topMargin: 8
 
                     ActionButton {
                         objectName: "install-standard-button"

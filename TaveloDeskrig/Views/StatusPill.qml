@@ -7,7 +7,8 @@ Pill {
 
     implicitWidth: 104
     implicitHeight: 32
-    horizontalPadding: 6
+    horizontalPadding: 3
+    fontSizeMode: Text.HorizontalFit
     tone: Tones.status(status)
     font.pixelSize: 12
     font.weight: Font.Bold

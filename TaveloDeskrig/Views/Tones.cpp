@@ -45,7 +45,8 @@ Tone of(const QHash<QString, Tone> &tones, const QString &state)
 Tone Tones::status(const QString &status)
 {
     static const QHash<QString, Tone> tones{
-        {u"installed"_s, green}, {u"working"_s, amber}, {u"failed"_s, red}, {u"missing"_s, grey}, {u"blocked"_s, violet},
+        {u"installed"_s, green}, {u"working"_s, amber},  {u"failed"_s, red},
+        {u"missing"_s, grey},    {u"blocked"_s, violet},
     };
     return of(tones, status);
 }
@@ -100,10 +101,14 @@ Tone Tones::licence(const QString &state)
 {
     using State = AppLicenseEvidenceState;
     static const QHash<QString, Tone> tones{
-        {rawValue(State::verifiedReceipt), green},     {rawValue(State::receiptIntegrityVerified), green},
-        {rawValue(State::acquisitionReceipt), green},  {rawValue(State::licenseArtifact), green},
-        {rawValue(State::accountBased), sky},          {rawValue(State::freeOrOpenSource), sky},
-        {rawValue(State::installationEvidence), violet}, {rawValue(State::needsEntitlementReview), orange},
+        {rawValue(State::verifiedReceipt), green},
+        {rawValue(State::receiptIntegrityVerified), green},
+        {rawValue(State::acquisitionReceipt), green},
+        {rawValue(State::licenseArtifact), green},
+        {rawValue(State::accountBased), sky},
+        {rawValue(State::freeOrOpenSource), sky},
+        {rawValue(State::installationEvidence), violet},
+        {rawValue(State::needsEntitlementReview), orange},
         {rawValue(State::explicitUnlicensed), red},
     };
     return of(tones, state);

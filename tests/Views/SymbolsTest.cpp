@@ -1,6 +1,6 @@
+#include "Symbols.h"
 #include "Catalog.h"
 #include "GroupListModel.h"
-#include "Symbols.h"
 #include "Tones.h"
 
 #include <QDirIterator>
