@@ -47,8 +47,12 @@ AppLicenseEvidence licenseEvidenceOf(const InstalledMacApplication &application)
 
 void AuditListModel::setRecords(const QList<InstalledMacApplication> &records)
 {
+    if (records == m_records)
+        return;
     beginResetModel();
     m_records = records;
+    m_keyPresent = count(records, Key::present);
+    m_keyNotRequired = count(records, Key::notRequired);
     endResetModel();
 }
 
@@ -57,21 +61,6 @@ void AuditListModel::setLanguage(AppLanguage language)
     m_strings = AppStrings(language);
     if (!m_records.isEmpty())
         Q_EMIT dataChanged(index(0), index(static_cast<int>(m_records.size()) - 1), {signatureText, licenseText});
-}
-
-qsizetype AuditListModel::keyPresentCount() const
-{
-    return count(m_records, Key::present);
-}
-
-qsizetype AuditListModel::keyNotRequiredCount() const
-{
-    return count(m_records, Key::notRequired);
-}
-
-qsizetype AuditListModel::keyNotDetectedCount() const
-{
-    return count(m_records, Key::notDetected);
 }
 
 int AuditListModel::rowCount(const QModelIndex &parent) const

@@ -38,9 +38,9 @@ public:
 
     /// How many records have a state that proves a key, how many need none, and how many are left. A record without
     /// evidence counts as one of which nothing was found.
-    qsizetype keyPresentCount() const;
-    qsizetype keyNotRequiredCount() const;
-    qsizetype keyNotDetectedCount() const;
+    qsizetype keyPresentCount() const { return m_keyPresent; }
+    qsizetype keyNotRequiredCount() const { return m_keyNotRequired; }
+    qsizetype keyNotDetectedCount() const { return m_records.size() - m_keyPresent - m_keyNotRequired; }
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -48,6 +48,8 @@ public:
 
 private:
     QList<InstalledMacApplication> m_records;
+    qsizetype m_keyPresent = 0;
+    qsizetype m_keyNotRequired = 0;
     AppStrings m_strings;
 };
 

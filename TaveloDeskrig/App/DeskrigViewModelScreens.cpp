@@ -45,7 +45,7 @@ QString signalLines(const AppLicenseEvidence &evidence)
     QStringList lines;
     const QList<LicenseEvidenceSignal> observations = evidence.signals.value_or(QList<LicenseEvidenceSignal>());
     for (const LicenseEvidenceSignal &each : observations)
-        lines.append(u"[%1] %2 / %3: %4"_s.arg(rawValue(each.verification), each.source, each.kind, each.detail));
+        lines.append(u"↳ [%1] %2 / %3: %4"_s.arg(rawValue(each.verification), each.source, each.kind, each.detail));
     return orUnknown(lines.join(u'\n'));
 }
 

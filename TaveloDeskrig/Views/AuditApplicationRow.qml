@@ -23,7 +23,7 @@ Item {
     implicitHeight: content.implicitHeight + 20
     Accessible.role: Accessible.ListItem
     Accessible.name: name
-    Accessible.description: "%1, %2".arg(signatureText).arg(licenseText)
+    Accessible.description: "%1, %2, %3".arg(versionText).arg(signatureText).arg(licenseText)
     Accessible.focusable: true
     Accessible.focused: isCurrent
 

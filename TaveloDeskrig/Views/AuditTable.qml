@@ -72,6 +72,13 @@ Rectangle {
 
             Keys.onReturnPressed: table.viewModel.showApplication(currentIndex)
             Keys.onEnterPressed: table.viewModel.showApplication(currentIndex)
+            Keys.onPressed: event => {
+                const page = Math.max(1, Math.floor(height / 60));
+                const row = event.key === Qt.Key_Home ? 0 : event.key === Qt.Key_End ? count - 1 : event.key === Qt.Key_PageUp ? currentIndex - page : event.key === Qt.Key_PageDown ? currentIndex + page : -1;
+                event.accepted = [Qt.Key_Home, Qt.Key_End, Qt.Key_PageUp, Qt.Key_PageDown].includes(event.key);
+                if (event.accepted)
+                    currentIndex = Math.max(0, Math.min(row, count - 1));
+            }
 
             T.ScrollBar.vertical: DeskScrollBar {}
 
@@ -82,7 +89,10 @@ Rectangle {
                 strings: table.viewModel.strings
                 isCurrent: list.activeFocus && ListView.isCurrentItem
                 isReachable: ListView.isCurrentItem
-                onChosen: list.currentIndex = index
+                onChosen: {
+                    list.currentIndex = index;
+                    list.forceActiveFocus();
+                }
                 onDetail: table.viewModel.showApplication(index)
             }
         }

@@ -12,6 +12,7 @@ Item {
     required property string text
     required property font font
     required property color foreground
+    required property color symbolColor
     required property bool leading
     required property real spacing
 
@@ -30,7 +31,7 @@ Item {
             visible: content.symbol !== ""
             symbol: content.symbol
             size: content.symbolSize
-            color: content.foreground
+            color: content.symbolColor
             Layout.preferredWidth: content.symbolWidth
         }
         DeskText {

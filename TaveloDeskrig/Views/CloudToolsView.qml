@@ -55,8 +55,11 @@ SheetView {
 
                 label: sheet.strings.screenText(Screens.ScreenText.displayName)
                 Layout.fillWidth: true
+                onSubmitted: saveBranding.clicked()
             }
             PlainButton {
+                id: saveBranding
+
                 objectName: "save-branding-button"
                 text: sheet.strings.screenText(Screens.ScreenText.saveBranding)
                 Layout.alignment: Qt.AlignBottom
@@ -72,6 +75,7 @@ SheetView {
                 label: sheet.strings.screenText(Screens.ScreenText.profileName)
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
+                onSubmitted: saveProfile.clicked()
             }
             CloudField {
                 id: itemIDs
@@ -79,8 +83,11 @@ SheetView {
                 label: sheet.strings.screenText(Screens.ScreenText.itemIDs)
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
+                onSubmitted: saveProfile.clicked()
             }
             PlainButton {
+                id: saveProfile
+
                 objectName: "save-profile-button"
                 text: sheet.strings.screenText(Screens.ScreenText.saveProfile)
                 Layout.alignment: Qt.AlignBottom
@@ -107,6 +114,7 @@ SheetView {
                 label: sheet.strings.screenText(Screens.ScreenText.department)
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
+                onSubmitted: saveDevice.clicked()
             }
             CloudField {
                 id: assetCode
@@ -114,6 +122,7 @@ SheetView {
                 label: sheet.strings.screenText(Screens.ScreenText.assetCode)
                 Layout.fillWidth: true
                 Layout.preferredWidth: 1
+                onSubmitted: saveDevice.clicked()
             }
         }
         RowLayout {
@@ -125,22 +134,18 @@ SheetView {
                 onClicked: sheet.viewModel.businessDeviceConfig("fetch", "", "")
             }
             PlainButton {
+                id: saveDevice
+
                 objectName: "save-device-button"
                 text: sheet.strings.screenText(Screens.ScreenText.saveDeviceFields)
                 onClicked: sheet.viewModel.businessDeviceConfig("update", department.text, assetCode.text)
             }
         }
     }
-    Notice {
-        objectName: "cloud-output"
+    CloudOutput {
         text: sheet.viewModel.cloudOutput
-        fill: Design.hovered
-        foreground: Design.slate
+        label: header.title
         Layout.fillWidth: true
-        Layout.maximumHeight: 96
-        clip: true
-        Accessible.role: Accessible.StaticText
-        Accessible.name: text
     }
     DefaultButton {
         objectName: "cloud-close-button"

@@ -12,6 +12,7 @@ T.Button {
     property real symbolSize: 16
     property real symbolWidth: symbolSize
     property color foreground: Design.text
+    property color symbolColor: foreground
     property color fill: "transparent"
     property color hoverFill: Qt.darker(fill, 1.06)
     property color pressedFill: Qt.darker(fill, 1.12)
@@ -47,6 +48,7 @@ T.Button {
         symbol: control.symbol
         symbolSize: control.symbolSize
         symbolWidth: control.symbolWidth
+        symbolColor: control.symbolColor
         text: control.text
         font: control.font
         foreground: control.foreground

@@ -26,7 +26,7 @@ RowLayout {
     }
     DeskText {
         objectName: "scanned-at"
-        text: counters.viewModel.shell.scannedAt
+        text: counters.viewModel.isReportRefreshing ? counters.viewModel.auditProgressDetailText : counters.viewModel.shell.scannedAt
         color: Design.mutedText
         font.pixelSize: 11
     }

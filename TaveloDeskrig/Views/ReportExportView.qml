@@ -10,7 +10,7 @@ SheetView {
     readonly property Item focusedItem: Window.activeFocusItem
 
     implicitWidth: 1040
-    implicitHeight: 690
+    implicitHeight: Math.max(690, Math.min(Window.height - 80, 1000))
     spacing: 12
     Accessible.name: header.title
     onAccepted: viewModel.startReportPDFExport()
@@ -21,7 +21,14 @@ SheetView {
     onFocusedItemChanged: {
         for (let item = focusedItem; item; item = item.parent) {
             if (item === list.headerItem)
-                list.positionViewAtBeginning();
+                list.reveal(focusedItem);
+        }
+    }
+
+    Keys.onPressed: event => {
+        if (event.key === Qt.Key_PageDown || event.key === Qt.Key_PageUp) {
+            list.turnPage(event.key === Qt.Key_PageDown ? 1 : -1);
+            event.accepted = true;
         }
     }
 
@@ -51,11 +58,29 @@ SheetView {
         boundsBehavior: Flickable.StopAtBounds
         cacheBuffer: 0
         reuseItems: true
+        // The form has the keyboard; no row ever takes it.
+        keyNavigationEnabled: false
+        currentIndex: -1
         model: sheet.viewModel.reportApplications
         Layout.fillWidth: true
         Layout.fillHeight: true
 
         T.ScrollBar.vertical: DeskScrollBar {}
+
+        function scrollTo(y: real) {
+            contentY = Math.max(originY, Math.min(y, originY + contentHeight - height));
+        }
+        function reveal(item: Item) {
+            const top = item.mapToItem(contentItem, 0, 0).y - 12;
+            const bottom = top + item.height + 24;
+            if (top < contentY)
+                scrollTo(top);
+            else if (bottom > contentY + height)
+                scrollTo(bottom - height);
+        }
+        function turnPage(direction: int) {
+            scrollTo(contentY + direction * (height - 34));
+        }
 
         // A list of Qt 6.4 makes no bound header, and one that is not bound is held to be unqualified.
         // qmllint disable unqualified
@@ -77,7 +102,7 @@ SheetView {
             objectName: "report-source-button"
             text: sheet.viewModel.strings.screenText(Screens.ScreenText.reportSource)
             symbol: "folder.fill"
-            foreground: "#5b6b84"
+            symbolColor: "#7c8da6"
             onClicked: sheet.viewModel.revealReport()
         }
         Item {
@@ -102,5 +127,6 @@ SheetView {
 
     SavePanel {
         viewModel: sheet.viewModel
+        Layout.topMargin: -sheet.spacing
     }
 }

@@ -92,12 +92,12 @@ FocusScope {
             }
         }
         ReportTableHead {
-            visible: parts.viewModel.shell.hasApplications
+            visible: parts.viewModel.hasReportSnapshot
             strings: parts.strings
             Layout.fillWidth: true
         }
         EmptyState {
-            visible: !parts.viewModel.shell.hasApplications
+            visible: !parts.viewModel.hasReportSnapshot
             symbol: "magnifyingglass.circle"
             title: parts.strings.screenText(Screens.ScreenText.noScanTitle)
             titleSize: 16
