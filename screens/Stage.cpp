@@ -89,7 +89,7 @@ void Stage::settle()
     do {
         QCoreApplication::processEvents();
     } while (!m_pool.waitForDone(5));
-    pass(300); // more than any animation takes
+    pass(400); // more than any animation takes
 }
 
 void Stage::pass(int milliseconds)

@@ -94,38 +94,18 @@ Rectangle {
                     font.weight: Font.Bold
                     Layout.fillWidth: true
                 }
-                DeskText {
+                WrappedText {
                     text: row.description
                     color: Design.softText
-                    wrapMode: Text.Wrap
                     maximumLineCount: 2
                     Layout.fillWidth: true
                 }
-                RowLayout {
-                    spacing: 8
-                    Layout.fillWidth: false
-                    Layout.maximumWidth: parent.width
-
-                    Repeater {
-                        model: row.groupIDs
-
-                        GroupPill {
-                            required property int index
-                            required property string modelData
-
-                            groupID: modelData
-                            text: row.groupLabels[index]
-                        }
-                    }
-                    SourcePill {
-                        text: row.source
-                        Layout.fillWidth: true
-                        Layout.minimumWidth: 40
-                    }
-                    SourcePill {
-                        text: row.packages
-                        Layout.minimumWidth: implicitWidth
-                    }
+                PillRow {
+                    groupIDs: row.groupIDs
+                    groupLabels: row.groupLabels
+                    source: row.source
+                    packages: row.packages
+                    Layout.fillWidth: true
                 }
             }
             ColumnLayout {

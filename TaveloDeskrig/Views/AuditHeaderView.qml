@@ -23,10 +23,9 @@ ColumnLayout {
                 Layout.fillWidth: true
                 Accessible.role: Accessible.Heading
             }
-            DeskText {
+            WrappedText {
                 text: header.viewModel.strings.auditSubtitle()
                 color: Design.mutedText
-                wrapMode: Text.Wrap
                 maximumLineCount: 2
                 Layout.fillWidth: true
             }

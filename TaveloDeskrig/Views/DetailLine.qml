@@ -20,9 +20,8 @@ ColumnLayout {
         font.weight: Font.Bold
         Layout.fillWidth: true
     }
-    DeskText {
+    WrappedText {
         text: line.value
-        wrapMode: Text.Wrap
         Layout.fillWidth: true
     }
 }

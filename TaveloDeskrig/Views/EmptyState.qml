@@ -7,7 +7,7 @@ Item {
     id: state
 
     property string symbol: ""
-    property real symbolSize: 34
+    property real symbolSize: 30
     property string title: ""
     property real titleSize: 18
     property string detail: ""
@@ -32,19 +32,17 @@ Item {
             color: Design.mutedText
             Layout.alignment: Qt.AlignHCenter
         }
-        DeskText {
+        WrappedText {
             text: state.title
             font.pixelSize: state.titleSize
             font.weight: Font.Bold
-            wrapMode: Text.Wrap
             horizontalAlignment: Text.AlignHCenter
             Layout.fillWidth: true
         }
-        DeskText {
+        WrappedText {
             text: state.detail
             color: Design.mutedText
             font.pixelSize: 12
-            wrapMode: Text.Wrap
             horizontalAlignment: Text.AlignHCenter
             Layout.fillWidth: true
         }

@@ -24,11 +24,10 @@ Banner {
             font.weight: Font.Bold
             Layout.fillWidth: true
         }
-        DeskText {
+        WrappedText {
             text: banner.viewModel.updateMessage
             color: Design.mutedText
             font.pixelSize: 12
-            wrapMode: Text.Wrap
             maximumLineCount: 2
             Layout.fillWidth: true
         }

@@ -29,11 +29,10 @@ Rectangle {
             color: notice.foreground
             Layout.alignment: Qt.AlignTop
         }
-        DeskText {
+        WrappedText {
             text: notice.text
             color: notice.foreground
             font.pixelSize: 11
-            wrapMode: Text.Wrap
             Layout.fillWidth: true
         }
     }

@@ -25,19 +25,17 @@ FocusScope {
         anchors.margins: 24
         spacing: 12
 
-        DeskText {
+        WrappedText {
             id: title
 
             text: content.viewModel.strings.text(Labels.AppI18nKey.removePromptTitle)
             font.pixelSize: 17
             font.weight: Font.Bold
-            wrapMode: Text.Wrap
             Layout.fillWidth: true
         }
-        DeskText {
+        WrappedText {
             text: content.message
             color: Design.mutedText
-            wrapMode: Text.Wrap
             Layout.fillWidth: true
         }
         RowLayout {

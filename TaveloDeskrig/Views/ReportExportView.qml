@@ -10,7 +10,7 @@ SheetView {
     readonly property Item focusedItem: Window.activeFocusItem
 
     implicitWidth: 1040
-    implicitHeight: Math.max(690, Math.min(Window.height - 80, 1000))
+    implicitHeight: Math.max(704, Math.min(Window.height - 80, 1000))
     spacing: 12
     Accessible.name: header.title
     onAccepted: viewModel.startReportPDFExport()

@@ -10,7 +10,7 @@ FocusScope {
     required property string text
     signal edited(string text)
 
-    implicitHeight: 54
+    implicitHeight: 46
 
     EntryFrame {
         anchors.fill: parent

@@ -83,11 +83,10 @@ FocusScope {
                 Layout.fillWidth: true
                 onEdited: text => parts.viewModel.reportProfile.notes = text
             }
-            DeskText {
+            WrappedText {
                 text: parts.strings.screenText(Screens.ScreenText.notesNotice)
                 color: Design.mutedText
                 font.pixelSize: 11
-                wrapMode: Text.Wrap
                 Layout.fillWidth: true
             }
         }

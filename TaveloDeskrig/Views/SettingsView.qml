@@ -43,11 +43,10 @@ SheetView {
                 Layout.fillWidth: true
             }
         }
-        DeskText {
+        WrappedText {
             text: sheet.viewModel.strings.languageSettingDetail()
             color: Design.mutedText
             font.pixelSize: 12
-            wrapMode: Text.Wrap
             Layout.fillWidth: true
         }
         LanguagePicker {

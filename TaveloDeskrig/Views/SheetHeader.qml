@@ -39,12 +39,11 @@ RowLayout {
             Layout.fillWidth: true
             Accessible.role: Accessible.Heading
         }
-        DeskText {
+        WrappedText {
             visible: text !== ""
             text: header.subtitle
             color: header.subtitleColor
             font.pixelSize: header.subtitleSize
-            wrapMode: Text.Wrap
             maximumLineCount: 3
             Layout.fillWidth: true
         }

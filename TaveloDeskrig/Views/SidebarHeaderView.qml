@@ -21,12 +21,11 @@ RowLayout {
             font.weight: Font.Bold
             Layout.fillWidth: true
         }
-        DeskText {
+        WrappedText {
             text: header.strings.text(Labels.AppI18nKey.appSubtitle)
             color: Design.sidebarMuted
             font.pixelSize: 12
             font.weight: Font.Medium
-            wrapMode: Text.Wrap
             maximumLineCount: 2
             Layout.fillWidth: true
         }

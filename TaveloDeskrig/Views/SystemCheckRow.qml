@@ -43,11 +43,10 @@ Rectangle {
                 font.weight: Font.Bold
                 Layout.fillWidth: true
             }
-            DeskText {
+            WrappedText {
                 text: row.detail
                 color: Design.mutedText
                 font.pixelSize: 12
-                wrapMode: Text.Wrap
                 Layout.fillWidth: true
             }
         }

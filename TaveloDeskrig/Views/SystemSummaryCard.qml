@@ -38,11 +38,10 @@ Rectangle {
                 font.weight: Font.Bold
                 Layout.fillWidth: true
             }
-            DeskText {
+            WrappedText {
                 text: card.viewModel.shell.systemDetail
                 color: Design.sidebarMuted
                 font.pixelSize: 11
-                wrapMode: Text.Wrap
                 maximumLineCount: 4
                 Layout.fillWidth: true
             }

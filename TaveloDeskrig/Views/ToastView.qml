@@ -42,9 +42,8 @@ Item {
             size: 18
             color: view.look.text
         }
-        DeskText {
+        WrappedText {
             text: view.text
-            wrapMode: Text.Wrap
             maximumLineCount: 4
             font.weight: Font.DemiBold
             Layout.fillWidth: true
