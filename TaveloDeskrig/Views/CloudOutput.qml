@@ -2,16 +2,17 @@ import QtQuick
 import QtQuick.Templates as T
 import Tavelo.Views
 
-// What the cloud has said. A long answer scrolls, and can be selected.
+// What the cloud says. A long answer scrolls.
 Rectangle {
     id: output
 
     required property string text
-    required property string label
 
-    implicitHeight: Math.min(answer.implicitHeight, 96)
+    implicitHeight: Math.min(96, area.contentHeight + 16)
     radius: Design.radius
     color: Design.hovered
+    border.width: area.activeFocus ? 2 : 0
+    border.color: Design.focusRing
 
     Flickable {
         anchors.fill: parent
@@ -19,30 +20,24 @@ Rectangle {
         boundsBehavior: Flickable.StopAtBounds
 
         T.TextArea.flickable: T.TextArea {
-            id: answer
+            id: area
 
-            objectName: "cloud-output"
             text: output.text
             textFormat: TextEdit.PlainText
             readOnly: true
             selectByMouse: true
+            wrapMode: TextEdit.WrapAtWordBoundaryOrAnywhere
             color: Design.slate
             selectionColor: Design.sidebarSelected
             selectedTextColor: "white"
-            wrapMode: TextEdit.WrapAtWordBoundaryOrAnywhere
             padding: 8
             font.pixelSize: 11
-            Accessible.role: Accessible.StaticText
-            Accessible.name: output.label
-            Accessible.description: text
+            Accessible.name: output.text
 
             Keys.priority: Keys.BeforeItem
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
         }
         T.ScrollBar.vertical: DeskScrollBar {}
-    }
-    FocusRing {
-        visible: answer.activeFocus
     }
 }

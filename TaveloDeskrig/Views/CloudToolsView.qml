@@ -143,8 +143,8 @@ SheetView {
         }
     }
     CloudOutput {
+        objectName: "cloud-output"
         text: sheet.viewModel.cloudOutput
-        label: header.title
         Layout.fillWidth: true
     }
     DefaultButton {

@@ -27,7 +27,7 @@ namespace
 /// Speaks up about a message that comes without the user's doing.
 void announce(const QQuickWindow &window, const QString &objectName)
 {
-    if (auto *const item = window.contentItem()->window()->findChild<QQuickItem *>(objectName)) {
+    if (auto *const item = window.findChild<QQuickItem *>(objectName)) {
         QAccessibleEvent event(item, QAccessible::Alert);
         QAccessible::updateAccessibility(&event);
     }
