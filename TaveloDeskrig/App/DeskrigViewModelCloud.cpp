@@ -30,7 +30,8 @@ QString shortened(const QString &text)
 
 QString DeskrigViewModel::updateTitle() const
 {
-    return m_releasePolicy.value().has_value() ? shortened(m_releasePolicy.value()->title) : label(ScreenText::updateRequired);
+    return m_releasePolicy.value().has_value() ? shortened(m_releasePolicy.value()->title)
+                                               : label(ScreenText::updateRequired);
 }
 
 QString DeskrigViewModel::updateMessage() const

@@ -24,7 +24,8 @@ void DeskrigViewModel::startReportPDFExport()
         showToast(label(ScreenText::scanBeforeExport), ToastMessage::Kind::warning);
         return;
     }
-    if (m_reportProfile.value().inspectorName.trimmed().isEmpty() || m_reportProfile.value().subject.trimmed().isEmpty()) {
+    if (m_reportProfile.value().inspectorName.trimmed().isEmpty() ||
+        m_reportProfile.value().subject.trimmed().isEmpty()) {
         showToast(label(ScreenText::fillInProfile), ToastMessage::Kind::warning);
         return;
     }
