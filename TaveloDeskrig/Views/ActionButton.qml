@@ -13,7 +13,6 @@ DeskButton {
     leading: true
     spacing: 10
     symbolWidth: 20
-    symbolSize: 18
     foreground: "white"
     fill: variant === ActionButton.Variant.Primary ? Design.primary : "transparent"
     hoverFill: variant === ActionButton.Variant.Primary ? Qt.lighter(Design.primary, 1.08) : "#14ffffff"

@@ -26,14 +26,21 @@ Rectangle {
 
     required property appStrings strings
     required property bool isGlobalBusy
-    /// The keyboard is at this row of the list; its buttons are among those that Tab reaches.
+    /// The keyboard is in use, and at this row of the list.
     property bool isCurrent: false
+    /// The row's buttons are among those that Tab reaches.
     property bool isReachable: false
 
     signal chosen
     signal install
     signal remove
     signal detail
+
+    /// What the main button does, where it may.
+    function act() {
+        if (installButton.enabled)
+            install();
+    }
 
     function askToRemove() {
         if (removeButton.enabled)
@@ -56,6 +63,7 @@ Rectangle {
     TapHandler {
         onTapped: row.chosen()
     }
+    // The buttons leave the focus to the row at a press, so that it stays there when they become disabled.
 
     ColumnLayout {
         id: column
@@ -80,7 +88,7 @@ Rectangle {
                 SymbolIcon {
                     anchors.centerIn: parent
                     symbol: row.symbol
-                    size: 28
+                    size: 23
                     color: Design.symbolText
                 }
             }
@@ -124,12 +132,15 @@ Rectangle {
                     Layout.alignment: Qt.AlignRight
 
                     InstallButtonStyle {
+                        id: installButton
+
                         objectName: "install-" + row.itemID
                         text: row.primaryActionLabel
                         enabled: !row.isGlobalBusy && row.status !== "working"
-                        activeFocusOnTab: row.isReachable
+                        focusPolicy: row.isReachable ? Qt.TabFocus : Qt.NoFocus
                         Accessible.name: "%1: %2".arg(text).arg(row.name)
                         Layout.preferredWidth: 92
+                        onPressed: row.chosen()
                         onClicked: row.install()
                     }
                     IconButton {
@@ -139,16 +150,18 @@ Rectangle {
                         symbol: "trash"
                         help: row.strings.text(Labels.AppI18nKey.removeHelp)
                         enabled: row.canRemove && !row.isGlobalBusy
-                        activeFocusOnTab: row.isReachable
+                        focusPolicy: row.isReachable ? Qt.TabFocus : Qt.NoFocus
                         Accessible.name: "%1: %2".arg(help).arg(row.name)
+                        onPressed: row.chosen()
                         onClicked: row.remove()
                     }
                     IconButton {
                         objectName: "detail-" + row.itemID
                         symbol: "line.3.horizontal"
                         help: row.strings.text(Labels.AppI18nKey.detailHelp)
-                        activeFocusOnTab: row.isReachable
+                        focusPolicy: row.isReachable ? Qt.TabFocus : Qt.NoFocus
                         Accessible.name: "%1: %2".arg(help).arg(row.name)
+                        onPressed: row.chosen()
                         onClicked: row.detail()
                     }
                 }

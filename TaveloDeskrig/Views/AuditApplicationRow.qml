@@ -51,7 +51,7 @@ Item {
 
         SymbolIcon {
             symbol: "line.3.horizontal"
-            size: 16
+            size: 14
             color: "#344054"
             Layout.preferredWidth: 18
         }

@@ -41,7 +41,7 @@ ColumnLayout {
 
         Binding on font.family {
             when: field.monospaced
-            value: "monospace"
+            value: Surroundings.fixedFamily
         }
     }
 }

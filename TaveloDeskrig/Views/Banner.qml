@@ -40,7 +40,7 @@ Rectangle {
             SymbolIcon {
                 anchors.centerIn: parent
                 symbol: banner.symbol
-                size: 25
+                size: 22
                 color: banner.tint
             }
         }

@@ -9,6 +9,7 @@ Item {
     required property string symbol
     required property real symbolSize
     required property real symbolWidth
+    required property color symbolColor
     required property string text
     required property font font
     required property color foreground

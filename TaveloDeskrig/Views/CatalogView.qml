@@ -10,7 +10,7 @@ ColumnLayout {
 
     required property DeskrigViewModel viewModel
 
-    spacing: 12
+    spacing: 0 // each has its own gap above it, as those that come and go take theirs along
 
     HeaderView {
         viewModel: catalog.viewModel
@@ -21,6 +21,7 @@ ColumnLayout {
     }
     Reveal {
         shown: catalog.viewModel.updateRequired
+        gap: 12
         Layout.fillWidth: true
 
         ForceUpdateBanner {
@@ -31,6 +32,7 @@ ColumnLayout {
     }
     Reveal {
         shown: catalog.viewModel.showOperationProgress
+        gap: 12
         Layout.fillWidth: true
 
         OperationProgressBanner {
@@ -45,6 +47,7 @@ ColumnLayout {
         focus: true
         Layout.fillWidth: true
         Layout.fillHeight: true
+        Layout.topMargin: 12
     }
     LogDrawerView {
         objectName: "log-drawer"
@@ -53,6 +56,7 @@ ColumnLayout {
         Layout.fillWidth: true
         Layout.leftMargin: 28
         Layout.rightMargin: 28
+        Layout.topMargin: 12
         Layout.bottomMargin: 12
     }
 }

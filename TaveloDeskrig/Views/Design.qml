@@ -1,6 +1,7 @@
 pragma Singleton
 
 import QtQuick
+import Tavelo.Views
 
 // The palette.
 QtObject {
@@ -15,9 +16,9 @@ QtObject {
     readonly property color border: "#dfe5ee"
     readonly property color text: "#17202a"
     readonly property color mutedText: "#667085"
-    readonly property color success: "#1f9d55"
-    readonly property color warning: "#f2a900"
-    readonly property color danger: "#d64545"
+    readonly property color success: Tones.success
+    readonly property color warning: Tones.warning
+    readonly property color danger: Tones.danger
 
     // Shades of the main text, from a row's title to a remark.
     readonly property color strongText: "#111827"

@@ -9,7 +9,7 @@ T.Button {
     id: control
 
     property string symbol: ""
-    property real symbolSize: 16
+    property real symbolSize: 13
     property real symbolWidth: symbolSize
     property color foreground: Design.text
     property color symbolColor: foreground
@@ -20,7 +20,6 @@ T.Button {
     property color ringColor: Design.focusRing
     property bool leading: false
     property string help: ""
-
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: 34
@@ -37,8 +36,13 @@ T.Button {
     ToolTip.visible: help !== "" && hovered
     ToolTip.delay: 700
 
-    Keys.onReturnPressed: control.clicked()
-    Keys.onEnterPressed: control.clicked()
+    function press(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            control.clicked();
+    }
+
+    Keys.onReturnPressed: event => press(event)
+    Keys.onEnterPressed: event => press(event)
 
     HoverHandler {
         cursorShape: Qt.PointingHandCursor

@@ -9,6 +9,7 @@
 #include <QQuickItem>
 #include <QQuickStyle>
 #include <QQuickWindow>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 
@@ -24,7 +25,7 @@ struct DeskrigWindow::Engine {
 namespace
 {
 
-/// Speaks up about a message that comes without the user's doing.
+/// Has what comes without the user's doing read out.
 void announce(const QQuickWindow &window, const QString &objectName)
 {
     if (auto *const item = window.findChild<QQuickItem *>(objectName)) {
@@ -62,6 +63,12 @@ DeskrigWindow::DeskrigWindow(DeskrigViewModel &model) : m_engine(std::make_uniqu
                 announce(*window, u"toast"_s);
         },
         Qt::QueuedConnection);
+    // The status line may change many times at once; what it says in the end is enough.
+    auto *const status = new QTimer(window);
+    status->setSingleShot(true);
+    QObject::connect(status, &QTimer::timeout, window, [window] { announce(*window, u"status-line"_s); });
+    QObject::connect(&model, &DeskrigViewModel::currentActionChanged, status, qOverload<>(&QTimer::start));
+    window->show();
 }
 
 DeskrigWindow::~DeskrigWindow() = default;

@@ -4,7 +4,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tavelo.Views
 
-// The program's one window.
+// The program's one window. It is shown when it has its size and place.
 T.ApplicationWindow {
     id: window
 
@@ -12,7 +12,6 @@ T.ApplicationWindow {
 
     title: "Tavelo Deskrig"
     color: Design.background
-    visible: true
 
     WindowChromeConfigurator {
         window: window

@@ -29,7 +29,7 @@ Rectangle {
 
         SymbolIcon {
             symbol: "checkmark.circle.fill"
-            size: 16
+            size: 14
             color: "#22c55e"
         }
         DeskText {

@@ -6,9 +6,10 @@ DeskButton {
     implicitWidth: 28
     leftPadding: 0
     rightPadding: 0
-    symbolSize: 18
+    symbolSize: 15
     foreground: Design.symbolText
     hoverFill: Design.hovered
     pressedFill: Design.pressed
     Accessible.name: help
+    Accessible.description: ""
 }

@@ -26,7 +26,7 @@ SheetView {
             SymbolIcon {
                 anchors.centerIn: parent
                 symbol: sheet.viewModel.sheetHead.symbol
-                size: 30
+                size: 26
                 color: Design.primary
             }
         }

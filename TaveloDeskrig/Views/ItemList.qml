@@ -27,9 +27,30 @@ ListView {
     Accessible.role: Accessible.List
     Accessible.name: viewModel.shell.headerTitle
 
-    Keys.onReturnPressed: list.currentRow?.install()
-    Keys.onEnterPressed: list.currentRow?.install()
+    Keys.onReturnPressed: event => act(event)
+    Keys.onEnterPressed: event => act(event)
     Keys.onDeletePressed: list.currentRow?.askToRemove()
+    Keys.onPressed: event => {
+        // What a Mac's keyboard has in the place of Delete.
+        event.accepted = event.key === Qt.Key_Backspace;
+        if (event.accepted)
+            list.currentRow?.askToRemove();
+    }
+
+    function act(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            list.currentRow?.act();
+    }
+
+    Connections {
+        target: list.model
+
+        // Other items: the keyboard begins at the first.
+        function onModelReset() {
+            list.currentIndex = 0;
+            list.positionViewAtBeginning();
+        }
+    }
 
     T.ScrollBar.vertical: DeskScrollBar {}
 
@@ -39,10 +60,13 @@ ListView {
         width: ListView.view.width - 56
         strings: list.viewModel.strings
         isGlobalBusy: list.viewModel.isInstalling
-        isCurrent: list.activeFocus && ListView.isCurrentItem
+        isCurrent: list.activeFocus && Surroundings.byKeyboard && ListView.isCurrentItem
         isReachable: ListView.isCurrentItem
 
-        onChosen: list.currentIndex = index
+        onChosen: {
+            list.currentIndex = index;
+            list.forceActiveFocus(Qt.MouseFocusReason);
+        }
         onInstall: list.viewModel.performPrimaryActionOf(itemID)
         onRemove: list.viewModel.askToUninstallItem(itemID)
         onDetail: list.viewModel.showItem(itemID)

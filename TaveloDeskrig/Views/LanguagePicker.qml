@@ -18,13 +18,33 @@ T.ComboBox {
     currentIndex: chosen
     focusPolicy: Qt.StrongFocus
 
-    Keys.onReturnPressed: popup.visible ? picker.accept() : popup.open()
+    /// Another entry than the one that was.
+    signal otherChosen(int index)
 
-    function accept() {
-        picker.currentIndex = picker.highlightedIndex;
-        picker.activated(picker.currentIndex);
+    function isReturn(event: KeyEvent): bool {
+        return event.key === Qt.Key_Return || event.key === Qt.Key_Enter;
+    }
+
+    function press() {
+        if (!popup.visible) {
+            popup.open();
+            return;
+        }
+        picker.activated(picker.highlightedIndex);
         popup.close();
     }
+
+    onActivated: index => {
+        if (index !== chosen)
+            otherChosen(index);
+    }
+    Keys.onPressed: event => {
+        event.accepted = isReturn(event);
+        if (event.accepted && !event.isAutoRepeat)
+            press();
+    }
+    // The template would close at the release what the press has opened.
+    Keys.onReleased: event => event.accepted = isReturn(event)
 
     contentItem: DeskText {
         text: picker.displayText
@@ -34,7 +54,7 @@ T.ComboBox {
         x: picker.width - width - 10
         y: (picker.height - height) / 2
         symbol: "chevron.up.chevron.down"
-        size: 16
+        size: 13
         color: Design.mutedText
     }
     background: Rectangle {

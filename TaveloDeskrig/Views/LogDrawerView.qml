@@ -33,10 +33,20 @@ Rectangle {
 
         Keys.onUpPressed: flick(0, 600)
         Keys.onDownPressed: flick(0, -600)
-        onCountChanged: follower.restart()
         onHeightChanged: follower.restart()
+        onVisibleChanged: follower.restart()
+        Component.onCompleted: follower.restart()
 
         T.ScrollBar.vertical: DeskScrollBar {}
+
+        Connections {
+            target: drawer.viewModel.logLines
+
+            // Not the count: once the log is full, a line goes for each that comes.
+            function onRowsInserted() {
+                follower.restart();
+            }
+        }
 
         // Later, when new lines have their heights.
         Timer {
@@ -57,7 +67,7 @@ Rectangle {
             text: display
             color: Design.slate
             wrapMode: Text.WrapAtWordBoundaryOrAnywhere
-            font.family: "monospace"
+            font.family: Surroundings.fixedFamily
             font.pixelSize: 12
         }
     }

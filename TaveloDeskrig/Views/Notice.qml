@@ -25,7 +25,7 @@ Rectangle {
         SymbolIcon {
             visible: notice.symbol !== ""
             symbol: notice.symbol
-            size: 15
+            size: 12
             color: notice.foreground
             Layout.alignment: Qt.AlignTop
         }

@@ -22,7 +22,7 @@ RowLayout {
         SymbolIcon {
             anchors.centerIn: parent
             symbol: head.symbol
-            size: 18
+            size: 15
             color: head.tint
         }
     }

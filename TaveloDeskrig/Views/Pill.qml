@@ -9,6 +9,7 @@ Rectangle {
     required property tone tone
     property alias font: label.font
     property alias fontSizeMode: label.fontSizeMode
+    property alias elide: label.elide
     property real horizontalPadding: 8
 
     implicitWidth: Math.ceil(label.implicitWidth) + 2 * horizontalPadding

@@ -12,7 +12,7 @@ FocusScope {
     implicitWidth: 400
     implicitHeight: column.implicitHeight + 48
     focus: true
-    Accessible.role: Accessible.AlertMessage
+    Accessible.role: Accessible.Dialog
     Accessible.name: title.text
     Accessible.description: content.message
 

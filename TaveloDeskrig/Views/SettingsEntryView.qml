@@ -8,7 +8,7 @@ DeskButton {
     implicitHeight: 42
     leading: true
     symbol: "gearshape"
-    symbolSize: 16
+    symbolSize: 12
     symbolWidth: 18
     spacing: 10
     rightPadding: 34
@@ -22,10 +22,10 @@ DeskButton {
 
     SymbolIcon {
         anchors.right: parent.right
-        anchors.rightMargin: 10
+        anchors.rightMargin: 12
         anchors.verticalCenter: parent.verticalCenter
         symbol: "chevron.right"
-        size: 16
+        size: 10
         color: entry.foreground
     }
 }

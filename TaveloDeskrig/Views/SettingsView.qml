@@ -34,7 +34,7 @@ SheetView {
 
             SymbolIcon {
                 symbol: "globe"
-                size: 18
+                size: 14
             }
             DeskText {
                 text: sheet.viewModel.strings.text(Labels.AppI18nKey.language)
@@ -56,7 +56,7 @@ SheetView {
             Accessible.name: sheet.viewModel.strings.text(Labels.AppI18nKey.language)
             Layout.preferredWidth: 260
             Layout.topMargin: 4
-            onActivated: index => sheet.viewModel.chooseLanguage(index)
+            onOtherChosen: index => sheet.viewModel.chooseLanguage(index)
         }
     }
     DefaultButton {

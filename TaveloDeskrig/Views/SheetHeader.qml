@@ -9,7 +9,7 @@ RowLayout {
     property string title: ""
     property string subtitle: ""
     property string symbol: ""
-    property real symbolSize: 24
+    property real symbolSize: 22
     property real titleSize: 22
     property real subtitleSize: 13
     property color titleColor: Design.text

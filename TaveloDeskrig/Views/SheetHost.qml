@@ -29,7 +29,7 @@ DeskDialog {
     implicitWidth: loader.implicitWidth
     implicitHeight: loader.implicitHeight
     visible: kind !== Sheets.SheetKind.none
-    // The same kind again is another sheet.
+    // A sheet of the kind that is open already stays: it shows what the view model holds.
     onKindChanged: {
         if (kind !== Sheets.SheetKind.none)
             loader.setSource(sourceOf(kind), {

@@ -12,11 +12,11 @@ DeskButton {
     leading: true
     spacing: 10
     symbolWidth: 22
-    symbolSize: 17
     foreground: "white"
+    symbolColor: "#ebffffff"
     fill: selected ? Design.sidebarSelected : "transparent"
     hoverFill: selected ? Design.sidebarSelected : "#14ffffff"
-    pressedFill: selected ? Design.sidebarSelected : "#24ffffff"
+    pressedFill: selected ? Qt.darker(Design.sidebarSelected, 1.12) : "#24ffffff"
     ringColor: Design.sidebarMuted
     font.pixelSize: 13
     Accessible.role: Accessible.PageTab
@@ -25,7 +25,14 @@ DeskButton {
 
     onClicked: activated()
 
+    Binding on down {
+        when: hitTarget.pressed
+        value: true
+    }
+
     SidebarImmediateHitTarget {
+        id: hitTarget
+
         anchors.fill: parent
         onActivated: {
             entry.forceActiveFocus(Qt.MouseFocusReason);

@@ -15,6 +15,12 @@ FocusScope {
         item.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
     }
 
+    function isWithin(item: Item, outer: Item): bool {
+        while (item && item !== outer)
+            item = item.parent;
+        return item === outer;
+    }
+
     implicitWidth: 280
     Layout.minimumWidth: 280
     Layout.maximumWidth: 280
@@ -37,6 +43,16 @@ FocusScope {
 
         Flickable {
             id: flickable
+
+            readonly property Item focused: Window.activeFocusItem
+
+            // What the keyboard reaches comes into sight.
+            onFocusedChanged: {
+                if (!Surroundings.byKeyboard || !sidebar.isWithin(focused, entries))
+                    return;
+                const top = focused.mapToItem(entries, 0, 0).y;
+                contentY = Math.max(Math.min(contentY, top), top + focused.height + 8 - height);
+            }
 
             clip: true
             contentHeight: entries.height + 8
@@ -119,6 +135,15 @@ FocusScope {
                         onClicked: sidebar.viewModel.openSheet(Sheets.SheetKind.cloudTools)
                     }
                 }
+            }
+
+            ClippedEdge {
+                flickable: flickable
+                atTop: true
+            }
+            ClippedEdge {
+                flickable: flickable
+                atTop: false
             }
         }
         SystemSummaryCard {

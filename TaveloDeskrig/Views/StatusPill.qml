@@ -7,8 +7,9 @@ Pill {
 
     implicitWidth: 104
     implicitHeight: 32
-    horizontalPadding: 3
-    fontSizeMode: Text.HorizontalFit
+    horizontalPadding: 2
+    fontSizeMode: Text.Fit
+    elide: Text.ElideNone
     tone: Tones.status(status)
     font.pixelSize: 12
     font.weight: Font.Bold

@@ -55,7 +55,7 @@ const QHash<QString, char16_t> &glyphs()
         {u"line.3.horizontal"_s, 0xF35C},
         {u"link"_s, 0xF339},
         {u"magnifyingglass"_s, 0xF349},
-        {u"magnifyingglass.circle"_s, 0xF34B},
+        {u"magnifyingglass.circle"_s, 0xF349},
         {u"message"_s, 0xF365},
         {u"note.text"_s, 0xF39E},
         {u"number"_s, 0xF423},
@@ -90,6 +90,11 @@ const QHash<QString, char16_t> &glyphs()
 QString Symbols::glyph(const QString &name)
 {
     return QChar(glyphs().value(name, anyApplication));
+}
+
+QString Symbols::mark(const QString &name)
+{
+    return name == u"exclamationmark.shield.fill" ? u"!"_s : QString();
 }
 
 QStringList Symbols::names()

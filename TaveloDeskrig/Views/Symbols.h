@@ -24,6 +24,9 @@ public:
     /// The glyph's character; for a name that is not known, that of an application of any kind.
     Q_INVOKABLE static QString glyph(const QString &name);
 
+    /// What is to be written on the glyph, where the font has it bare; else an empty text.
+    Q_INVOKABLE static QString mark(const QString &name);
+
     /// The names that are known.
     static QStringList names();
 

@@ -24,7 +24,7 @@ Rectangle {
 
         SymbolIcon {
             symbol: "shield.lefthalf.filled"
-            size: 17
+            size: 14
             color: "#d1ffffff"
             Layout.preferredWidth: 18
             Layout.alignment: Qt.AlignTop

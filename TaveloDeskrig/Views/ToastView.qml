@@ -39,7 +39,7 @@ Item {
 
         SymbolIcon {
             symbol: view.look.symbol
-            size: 18
+            size: 15
             color: view.look.text
         }
         WrappedText {

@@ -31,10 +31,6 @@ Tone tinted(const QColor &colour, const QString &symbol = {})
     return {colour, fill, border, symbol};
 }
 
-const QColor success(31, 157, 85);
-const QColor warning(242, 169, 0);
-const QColor danger(214, 69, 69);
-
 Tone of(const QHash<QString, Tone> &tones, const QString &state)
 {
     return tones.value(state, grey);

@@ -35,9 +35,16 @@ class Tones : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
+    Q_PROPERTY(QColor success MEMBER success CONSTANT)
+    Q_PROPERTY(QColor warning MEMBER warning CONSTANT)
+    Q_PROPERTY(QColor danger MEMBER danger CONSTANT)
 
 public:
     using QObject::QObject;
+
+    static constexpr QColor success{31, 157, 85};
+    static constexpr QColor warning{242, 169, 0};
+    static constexpr QColor danger{214, 69, 69};
 
     /// Of an `InstallStatus`.
     Q_INVOKABLE static Tavelo::Tone status(const QString &status);

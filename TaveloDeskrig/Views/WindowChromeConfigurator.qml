@@ -14,7 +14,7 @@ Item {
         window.minimumHeight = smallest.height;
         window.width = Math.max(window.width, smallest.width);
         window.height = Math.max(window.height, smallest.height);
-        window.x = Screen.virtualX + (Screen.width - window.width) / 2;
-        window.y = Screen.virtualY + (Screen.height - window.height) / 2;
+        window.x = Screen.virtualX + Math.max(0, (Screen.width - window.width) / 2);
+        window.y = Screen.virtualY + Math.max(0, (Screen.height - window.height) / 2);
     }
 }

@@ -30,10 +30,19 @@ private Q_SLOTS:
     void keepsTheKeyboardInTheSheet_data();
     void keepsTheKeyboardInTheSheet();
     void worksByKeyboard();
+    void keepsTheKeyboardAtThePressedRow();
+    void showsTheWholeStatus();
     void followsTheLog();
     void showsOneApplicationsEvidence();
 
 private:
+    QList<QSize> m_shown; ///< The window's size at the moment it shows.
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show && watched->isWindowType())
+            m_shown.append(static_cast<QWindow *>(watched)->size());
+        return false;
+    }
     /// A click in the middle of the item of that name.
     void click(Stage &stage, const QString &name)
     {
@@ -92,9 +101,11 @@ void WindowTest::actsAtThePress()
 void WindowTest::isNeverSmallerThanItsViews()
 {
     const ProgramOnAMac mac;
+    qApp->installEventFilter(this);
     Stage stage(mac);
+    qApp->removeEventFilter(this);
+    QCOMPARE(m_shown, QList{QSize(1120, 760)});
     QCOMPARE(stage.window().minimumSize(), QSize(1120, 760));
-    QCOMPARE(stage.window().size(), QSize(1120, 760));
     QCOMPARE(stage.window().title(), u"Tavelo Deskrig"_s);
 }
 
@@ -269,7 +280,8 @@ void WindowTest::speaksTheChosenLanguage()
     QCOMPARE(focused(stage), u"language-picker"_s);
     key(stage, Qt::Key_Return);
     key(stage, Qt::Key_Down);
-    key(stage, Qt::Key_Return);
+    QCOMPARE(stage.model().language(), AppLanguage::english); // the menu is still open
+    key(stage, Qt::Key_Enter);
     QCOMPARE(stage.model().language(), AppLanguage::vietnamese);
     click(stage, u"settings-done-button"_s);
     stage.settle();
@@ -342,12 +354,52 @@ void WindowTest::worksByKeyboard()
     key(stage, Qt::Key_Return);
     stage.settle();
     QVERIFY(mac.exists(u"/Applications/Skim.app"_s));
-    key(stage, Qt::Key_Delete);
+    key(stage, Qt::Key_Backspace);
     stage.pass(300);
     key(stage, Qt::Key_Tab);
     key(stage, Qt::Key_Return);
     stage.settle();
     QVERIFY(!mac.exists(u"/Applications/Skim.app"_s));
+}
+
+void WindowTest::keepsTheKeyboardAtThePressedRow()
+{
+    const ProgramOnAMac mac;
+    mac.furnish(u"break-tool"_s, {u"brew"_s, u"--delay"_s, u"1"_s});
+    Stage stage(mac);
+    stage.settle();
+    stage.model().selectGroup(u"media"_s);
+    stage.pass(20);
+    click(stage, u"install-gimp"_s); // not the first row
+    QVERIFY(!isEnabled(stage, u"install-gimp"_s));
+    QCOMPARE(focused(stage), u"item-list"_s);
+    const QString action = stage.model().currentAction();
+    key(stage, Qt::Key_Return);
+    QCOMPARE(stage.model().currentAction(), action);
+    stage.settle();
+    key(stage, Qt::Key_Delete);
+    QCOMPARE(stage.model().pendingUninstall()->id, u"gimp"_s);
+    stage.model().cancelUninstall();
+    stage.model().selectGroup(u"office"_s);
+    stage.settle();
+    QCOMPARE(stage.find(u"item-list"_s)->property("currentIndex").toInt(), 0);
+}
+
+void WindowTest::showsTheWholeStatus()
+{
+    const ProgramOnAMac mac;
+    Stage stage(mac);
+    QQuickItem *const pill = stage.find(u"status-libreoffice"_s);
+    QQuickItem *const label = pill->childItems().constFirst();
+    for (const AppLanguage language : AppLanguages::supported()) {
+        for (const auto status : {InstallStatus::missing, InstallStatus::installed, InstallStatus::working,
+                                  InstallStatus::failed, InstallStatus::blocked}) {
+            const QString text = AppStrings(language).statusText(status, u"100%"_s);
+            pill->setProperty("text", text);
+            QVERIFY2(label->property("contentWidth").toDouble() <= label->width(), qPrintable(text));
+            QVERIFY2(!label->property("truncated").toBool(), qPrintable(text));
+        }
+    }
 }
 
 void WindowTest::followsTheLog()
@@ -356,8 +408,11 @@ void WindowTest::followsTheLog()
     Stage stage(mac);
     stage.settle();
     stage.model().setShowLogDrawer(true);
-    for (int line = 0; line < 600; ++line)
+    for (int line = 0; line < 600; ++line) {
         stage.model().appendLog(u"%1 "_s.arg(line).repeated(line % 60));
+        if (line > 480)
+            stage.pass(1);
+    }
     stage.pass(100);
     QCOMPARE(stage.model().logLines()->rowCount(), 500);
     QQuickItem *const list = stage.find(u"log-list"_s);
