@@ -381,7 +381,6 @@ void WindowTest::keepsTheKeyboardAtThePressedRow()
     QCOMPARE(stage.model().pendingUninstall()->id, u"gimp"_s);
     stage.model().cancelUninstall();
     stage.model().selectGroup(u"office"_s);
-    stage.settle();
     QCOMPARE(stage.find(u"item-list"_s)->property("currentIndex").toInt(), 0);
 }
 
@@ -389,9 +388,11 @@ void WindowTest::showsTheWholeStatus()
 {
     const ProgramOnAMac mac;
     Stage stage(mac);
+    stage.settle();
     QQuickItem *const pill = stage.find(u"status-libreoffice"_s);
     QQuickItem *const label = pill->childItems().constFirst();
     for (const AppLanguage language : AppLanguages::supported()) {
+        stage.model().setLanguage(language);
         for (const auto status : {InstallStatus::missing, InstallStatus::installed, InstallStatus::working,
                                   InstallStatus::failed, InstallStatus::blocked}) {
             const QString text = AppStrings(language).statusText(status, u"100%"_s);
