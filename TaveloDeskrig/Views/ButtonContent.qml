@@ -13,7 +13,6 @@ Item {
     required property string text
     required property font font
     required property color foreground
-    required property color symbolColor
     required property bool leading
     required property real spacing
 
