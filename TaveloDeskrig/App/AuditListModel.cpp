@@ -35,6 +35,11 @@ qsizetype count(const QList<InstalledMacApplication> &records, Key key)
     return std::count_if(records.cbegin(), records.cend(), [key](const auto &each) { return keyOf(each) == key; });
 }
 
+QString versionOf(const InstalledMacApplication &application)
+{
+    return application.version.isEmpty() ? unknownSignatureText.toString() : application.version;
+}
+
 } // namespace
 
 AppLicenseEvidence licenseEvidenceOf(const InstalledMacApplication &application)
@@ -60,7 +65,7 @@ void AuditListModel::setLanguage(AppLanguage language)
 {
     m_strings = AppStrings(language);
     if (!m_records.isEmpty())
-        Q_EMIT dataChanged(index(0), index(static_cast<int>(m_records.size()) - 1), {signatureText, licenseText});
+        Q_EMIT dataChanged(index(0), index(static_cast<int>(m_records.size()) - 1), {applicationDescription, signatureText, licenseText});
 }
 
 int AuditListModel::rowCount(const QModelIndex &parent) const
@@ -79,7 +84,9 @@ QVariant AuditListModel::data(const QModelIndex &index, int role) const
     case name:
         return record.name;
     case versionText:
-        return record.version.isEmpty() ? unknownSignatureText.toString() : record.version;
+        return versionOf(record);
+    case applicationDescription:
+        return u"%1 %2"_s.arg(m_strings.text(AppI18nKey::version), versionOf(record));
     case source:
         return record.source;
     case developer:

@@ -18,7 +18,8 @@ public:
     enum Role {
         number = Qt::UserRole, ///< From 1.
         name,
-        versionText, ///< "—" where it is empty.
+        versionText,            ///< "—" where it is empty.
+        applicationDescription, ///< The same after its word.
         source,
         developer,
         signatureState, ///< The raw value of `AuditEvidenceState`.

@@ -12,8 +12,8 @@ struct ShellTexts {
     Q_PROPERTY(QString headerTitle MEMBER headerTitle CONSTANT)
     Q_PROPERTY(QString headerSummary MEMBER headerSummary CONSTANT)
     Q_PROPERTY(QString progressLabel MEMBER progressLabel CONSTANT)
-    Q_PROPERTY(QString systemTitle MEMBER systemTitle CONSTANT)
-    Q_PROPERTY(QString systemDetail MEMBER systemDetail CONSTANT)
+    Q_PROPERTY(QString summaryTitle MEMBER summaryTitle CONSTANT)
+    Q_PROPERTY(QString summaryDetail MEMBER summaryDetail CONSTANT)
     Q_PROPERTY(QString linuxSource MEMBER linuxSource CONSTANT)
     Q_PROPERTY(QString version MEMBER version CONSTANT)
     Q_PROPERTY(bool hasApplications MEMBER hasApplications CONSTANT)
@@ -26,8 +26,8 @@ public:
     QString headerTitle = {};   ///< The selected group.
     QString headerSummary = {}; ///< How many of all items are installed.
     QString progressLabel = {};
-    QString systemTitle = {}; ///< Of the sidebar's card, on the Mac or on its inventory.
-    QString systemDetail = {};
+    QString summaryTitle = {}; ///< Of the sidebar's card, on the Mac or on its inventory.
+    QString summaryDetail = {};
     QString linuxSource = {}; ///< How many items of the Linux set the catalog maps.
     QString version = {};
     bool hasApplications = false; ///< The inventory holds any.

@@ -7,7 +7,7 @@ Item {
     id: row
 
     required property string name
-    required property string versionText
+    required property string applicationDescription
     required property string signatureState
     required property string signatureText
     required property string licenseState
@@ -23,7 +23,7 @@ Item {
     implicitHeight: content.implicitHeight + 20
     Accessible.role: Accessible.ListItem
     Accessible.name: name
-    Accessible.description: "%1, %2, %3".arg(versionText).arg(signatureText).arg(licenseText)
+    Accessible.description: "%1, %2, %3".arg(applicationDescription).arg(signatureText).arg(licenseText)
     Accessible.focusable: true
     Accessible.focused: isCurrent
 
@@ -66,7 +66,7 @@ Item {
                 Layout.fillWidth: true
             }
             DeskText {
-                text: "%1 %2".arg(row.strings.text(Labels.AppI18nKey.version)).arg(row.versionText)
+                text: row.applicationDescription
                 color: Design.mutedText
                 font.pixelSize: 11
                 Layout.fillWidth: true

@@ -13,7 +13,7 @@ Rectangle {
     color: "#12ffffff"
     border.color: "#14ffffff"
     Accessible.role: Accessible.Grouping
-    Accessible.name: viewModel.shell.systemTitle
+    Accessible.name: viewModel.shell.summaryTitle
 
     RowLayout {
         id: content
@@ -33,13 +33,13 @@ Rectangle {
             spacing: 4
 
             DeskText {
-                text: card.viewModel.shell.systemTitle
+                text: card.viewModel.shell.summaryTitle
                 color: "white"
                 font.weight: Font.Bold
                 Layout.fillWidth: true
             }
             WrappedText {
-                text: card.viewModel.shell.systemDetail
+                text: card.viewModel.shell.summaryDetail
                 color: Design.sidebarMuted
                 font.pixelSize: 11
                 maximumLineCount: 4

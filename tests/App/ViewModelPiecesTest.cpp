@@ -166,7 +166,7 @@ private Q_SLOTS:
         QCOMPARE(model.keyNotRequiredCount(), 2);
         QCOMPARE(model.keyNotDetectedCount(), 6);
         QCOMPARE(model.index(11).data(AuditListModel::licenseState), u"noEvidence"_s);
-        QCOMPARE(model.index(11).data(AuditListModel::versionText), u"—"_s);
+        QCOMPARE(model.index(11).data(AuditListModel::applicationDescription), u"Version —"_s);
         QCOMPARE(model.index(11).data(AuditListModel::number), 12);
     }
 
