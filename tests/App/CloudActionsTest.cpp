@@ -7,6 +7,7 @@
 #include "RunningCloud.h"
 #include "WatchedViewModel.h"
 
+#include <QDirIterator>
 #include <QNetworkProxyFactory>
 #include <QTest>
 
@@ -81,6 +82,12 @@ void CloudActionsTest::transcript()
     QCOMPARE(model->cloudOutput().size(), DeskrigViewModel::longestCloudMessage);
     QCOMPARE(model->toast().text, model->cloudOutput());
     QCOMPARE(model->catalogItems().size(), 2);
+    QDirIterator files(mac.hostPath(u"/Users"_s), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        QFile file(files.next());
+        QVERIFY(file.open(QFile::ReadOnly));
+        QVERIFY2(!file.readAll().contains("local-anon-key"), qPrintable(file.fileName()));
+    }
     static const QRegularExpression runID(u"[0-9a-f]{8}-[0-9a-f-]{27}"_s);
     QCOMPARE(differencesFromGolden(u"view-model-cloud.txt"_s, transcript.replace(runID, u"…"_s).toUtf8()),
              QByteArray());

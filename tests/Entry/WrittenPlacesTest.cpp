@@ -1,0 +1,93 @@
+// Where the program leaves its traces on a Mac full of other people's secrets, and what it never writes down.
+
+#include "ProgramOnAMac.h"
+
+#include <QCryptographicHash>
+#include <QDirIterator>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+
+#include <sys/stat.h>
+
+using namespace Qt::StringLiterals;
+using namespace Tavelo;
+
+namespace
+{
+
+/// What a file is now, by its Mac path. Folders count by their name, links by where they lead.
+QHash<QString, QByteArray> filesOn(const ProgramOnAMac &mac)
+{
+    QHash<QString, QByteArray> found;
+    const QString root = mac.hostPath(QString());
+    QDirIterator each(root, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
+                      QDirIterator::Subdirectories);
+    while (each.hasNext()) {
+        const QFileInfo info(each.next());
+        QByteArray what = "folder";
+        if (info.isSymLink()) {
+            what = "link to " + QFile::encodeName(info.symLinkTarget());
+        } else if (info.isFile()) {
+            QFile file(info.filePath());
+            what = file.open(QFile::ReadOnly) ? QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha1)
+                                              : QByteArray("unreadable");
+        }
+        found.insert(info.filePath().mid(root.size()), what);
+    }
+    return found;
+}
+
+int modeOf(const QString &hostPath)
+{
+    struct stat info;
+    return ::stat(QFile::encodeName(hostPath).constData(), &info) == 0 ? info.st_mode & 07777 : -1;
+}
+
+} // namespace
+
+class WrittenPlacesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void nothingIsWrittenElsewhere()
+    {
+        const ProgramOnAMac mac;
+        mac.furnish(u"populate"_s, {});
+        const QHash<QString, QByteArray> before = filesOn(mac);
+        QCOMPARE(mac.run({u"--preset"_s, u"full"_s, u"--yes"_s}).status, 0);
+        QCOMPARE(mac.run({u"--check"_s}).status, 0);
+
+        // What the Mac's own tools keep, and what was to be installed.
+        const QRegularExpression tools(
+            u"^/(private/var/(log/)?simulated-mac|opt/homebrew)(/|$)|^/Applications/[^/]*\\.app(/|$)"
+            "|^/Users/technician/Library/(Fonts|Preferences|Application Support/LibreOffice)(/|$)"
+            "|^/private/var/db/receipts/"_s);
+        const QRegularExpression told(
+            u"^/Users/technician/(Applications(/Tavelo Deskrig(/[^/]+\\.webloc)?)?"
+            "|Library/Logs(/tavelo-deskrig\\.log)?"
+            "|Library/Application Support/Tavelo Deskrig(/Reports(/tavelo-deskrig-report\\.txt)?)?"
+            "|Library/Caches(/tavelo-deskrig(/downloads(/[^/]+)?|/mounts|/extract)?)?)$"_s);
+        const QHash<QString, QByteArray> after = filesOn(mac);
+        qsizetype own = 0;
+        for (auto file = after.cbegin(); file != after.cend(); ++file) {
+            if (before.value(file.key()) == file.value() || tools.match(file.key()).hasMatch())
+                continue;
+            QVERIFY2(told.match(file.key()).hasMatch(), qPrintable(file.key()));
+            ++own;
+            // Downloads are as private as their folder; shortcuts are for everybody.
+            if (!file.key().contains(u"tavelo", Qt::CaseInsensitive) || file.key().contains(u"/downloads/") ||
+                file.key().startsWith(u"/Users/technician/Applications"))
+                continue;
+            QVERIFY2((modeOf(mac.hostPath(file.key())) & 077) == 0, qPrintable(file.key()));
+            QVERIFY2(!mac.contents(file.key()).contains("TAVELO-SECRET"), qPrintable(file.key()));
+        }
+        QVERIFY(own > 10);
+        for (auto file = before.cbegin(); file != before.cend(); ++file)
+            QVERIFY2(after.contains(file.key()), qPrintable(file.key()));
+    }
+};
+
+QTEST_GUILESS_MAIN(WrittenPlacesTest)
+#include "WrittenPlacesTest.moc"
