@@ -5,8 +5,7 @@
 #include "MacBackend.h"
 #include "ProgressArithmetic.h"
 #include "ScanThrottle.h"
-
-#include <QThreadPool>
+#include "WorkPool.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,8 +5,7 @@
 #include "DesktopServices.h"
 #include "FileManager.h"
 #include "MacReportPDF.h"
-
-#include <QThreadPool>
+#include "WorkPool.h"
 
 using namespace Qt::StringLiterals;
 
