@@ -392,7 +392,7 @@ private:
                              bool presentWhenReady);
     void logChecks(const QList<SystemCheck> &checks);
     void setReport(const QString &text, const QList<InstalledMacApplication> &applications);
-    void keepReport();
+    void markReportMade();
 
     // DeskrigViewModelExport.cpp
     void finishPDFExport(const QString &path);

@@ -31,7 +31,10 @@ DeskDialog {
     visible: kind !== Sheets.SheetKind.none
     onKindChanged: take()
     onClosed: loader.source = ""
-    Component.onCompleted: take()
+    Component.onCompleted: {
+        if (loader.status === Loader.Null) // the kind may have been told by now
+            take();
+    }
 
     // A sheet of the kind that is open already stays: it shows what the view model holds.
     function take() {
