@@ -47,7 +47,9 @@ FocusScope {
         view: "RemovePrompt.qml"
         viewModel: main.viewModel
     }
-    ToastHost {
+    Lazily {
+        needed: main.viewModel.toast.isShown
+        view: "ToastHost.qml"
         viewModel: main.viewModel
     }
 }

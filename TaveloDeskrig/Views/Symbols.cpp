@@ -1,7 +1,10 @@
 #include "Symbols.h"
 
-#include <QFontDatabase>
+#include "ReportFonts.h"
+
 #include <QHash>
+
+#include <mutex>
 
 using namespace Qt::StringLiterals;
 
@@ -104,11 +107,9 @@ QStringList Symbols::names()
 
 QString Symbols::family()
 {
-    static const QString family = [] {
-        const int font = QFontDatabase::addApplicationFont(u":/symbols/symbols.ttf"_s);
-        return QFontDatabase::applicationFontFamilies(font).value(0);
-    }();
-    return family;
+    static std::once_flag registered;
+    std::call_once(registered, [] { ReportFonts::registerCompiledIn(u":/symbols"_s); });
+    return u"Tavelo Deskrig Symbol"_s;
 }
 
 } // namespace Tavelo
