@@ -259,11 +259,15 @@ bool FileManager::createFile(const QString &path, mode_t mode, FileError *error)
 
 bool FileManager::append(const QString &path, const QByteArray &bytes, FileError *error) const
 {
-    Descriptor file(
-        ::open(QFile::encodeName(m_root.hostPath(path)).constData(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK));
-    if (!file.isOpen() || !writeWhole(file.number(), bytes) || !file.close())
+    // A link or a pipe planted at the path would lead the bytes to where another user wants them.
+    Descriptor file(::open(QFile::encodeName(m_root.hostPath(path)).constData(),
+                           O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
+    struct stat info;
+    if (!file.isOpen() || ::fstat(file.number(), &info) != 0)
         return fail(error, errno);
-    return true;
+    if (!S_ISREG(info.st_mode))
+        return fail(error, EINVAL);
+    return (writeWhole(file.number(), bytes) && file.close()) || fail(error, errno);
 }
 
 bool FileManager::writeAtomically(const QString &path, const QByteArray &bytes, mode_t mode, FileError *error) const
@@ -287,7 +291,11 @@ bool FileManager::writeAtomically(const QString &path, const QByteArray &bytes, 
 
 bool FileManager::setMode(const QString &path, mode_t mode, FileError *error) const
 {
-    return ::chmod(QFile::encodeName(m_root.hostPath(path)).constData(), mode) == 0 || fail(error, errno);
+    const QByteArray hostPath = QFile::encodeName(m_root.hostPath(path));
+    if (isFolder(path)) // the slash keeps it one: what a link leads to by now is a folder, or nothing is done
+        return ::chmod((hostPath + '/').constData(), mode) == 0 || fail(error, errno);
+    return ::fchmodat(AT_FDCWD, hostPath.constData(), mode, AT_SYMLINK_NOFOLLOW) == 0 ||
+           fail(error, errno == EOPNOTSUPP ? ELOOP : errno); // Linux cannot set a link's mode
 }
 
 bool FileManager::remove(const QString &path, FileError *error) const
