@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <string>
@@ -24,6 +25,8 @@ namespace
 {
 
 namespace fs = std::filesystem;
+
+constexpr const char *temporaryPrefix = ".tavelo-"; // and six letters
 
 bool fail(FileError *error, int code)
 {
@@ -275,7 +278,7 @@ bool FileManager::writeAtomically(const QString &path, const QByteArray &bytes, 
     const QByteArray target = QFile::encodeName(m_root.hostPath(path));
     if (isFolder(path))
         return fail(error, EISDIR);
-    QByteArray temporary = target.left(target.lastIndexOf('/') + 1) + ".tavelo-XXXXXX";
+    QByteArray temporary = target.left(target.lastIndexOf('/') + 1) + temporaryPrefix + "XXXXXX";
     Descriptor file(::mkstemp(temporary.data())); // with mode 0600
     if (!file.isOpen())
         return fail(error, errno);
@@ -287,6 +290,21 @@ bool FileManager::writeAtomically(const QString &path, const QByteArray &bytes, 
     const int reason = errno;
     ::unlink(temporary.constData());
     return fail(error, reason);
+}
+
+void FileManager::removeAbandonedTemporaries(const QString &folder) const
+{
+    const fs::file_time_type yesterday = fs::file_time_type::clock::now() - std::chrono::hours(24);
+    std::error_code code;
+    for (fs::directory_iterator next(QFile::encodeName(m_root.hostPath(folder)).constData(), code), end;
+         !code && next != end; next.increment(code)) {
+        const std::string name = next->path().filename().native();
+        std::error_code reason;
+        if (name.starts_with(temporaryPrefix) && name.size() == std::strlen(temporaryPrefix) + 6 &&
+            next->symlink_status(reason).type() == fs::file_type::regular &&
+            next->last_write_time(reason) < yesterday && !reason)
+            fs::remove(next->path(), reason);
+    }
 }
 
 bool FileManager::setMode(const QString &path, mode_t mode, FileError *error) const

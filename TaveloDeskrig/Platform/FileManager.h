@@ -97,6 +97,10 @@ public:
     virtual bool writeAtomically(const QString &path, const QByteArray &bytes, mode_t mode,
                                  FileError *error = nullptr) const;
 
+    /// Removes from a folder of the program's own what was left there by a program that was killed within
+    /// `writeAtomically`: temporary files that nobody has touched for a day.
+    virtual void removeAbandonedTemporaries(const QString &folder) const;
+
     /// A link to a folder is followed; the mode of what another link leads to stays as it is.
     virtual bool setMode(const QString &path, mode_t mode, FileError *error = nullptr) const;
 

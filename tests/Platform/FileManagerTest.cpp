@@ -132,6 +132,17 @@ private Q_SLOTS:
         ::close(reader);
     }
 
+    void removesAbandonedTemporariesOnly()
+    {
+        m_mac.furnish(
+            u"mkdir a; cd a; mkdir .tavelo-folder; ln -s kept .tavelo-linked; touch .tavelo-aB3xYz "
+            ".tavelo-notes.txt tavelo-abcdef kept; touch -h -d '2 days ago' * .tavelo-*; touch .tavelo-recent"_s);
+        m_files.removeAbandonedTemporaries(u"/a"_s);
+        m_files.removeAbandonedTemporaries(u"/nowhere"_s);
+        m_mac.furnish(u"test \"$(ls -A a | tr '\\n' ' ')\" = "
+                      "'.tavelo-folder .tavelo-linked .tavelo-notes.txt .tavelo-recent kept tavelo-abcdef '"_s);
+    }
+
     void removesLinksAndNotTheirTargets()
     {
         m_mac.furnish(u"mkdir -p kept r/in; touch kept/x; ln -s ../../kept r/in/link; ln -s kept alias"_s);
