@@ -4,6 +4,7 @@
 #include "CommandRunner.h"
 #include "DefaultApps.h"
 #include "DirectInstaller.h"
+#include "FileManager.h"
 #include "Homebrew.h"
 #include "InstallBlockers.h"
 #include "ItemOperations.h"
@@ -62,6 +63,9 @@ struct MacBackend::Parts {
 MacBackend::MacBackend(const PlatformServices &services, UiLog uiLog, UiProgress uiProgress)
     : m_parts(std::make_unique<Parts>(services, std::move(uiLog), std::move(uiProgress)))
 {
+    const AppRuntime &own = m_parts->runtime;
+    for (const QString &folder : {own.appSupportDir() + QStringLiteral("/Reports"), own.cacheDir(), own.shortcutDir()})
+        services.files->removeAbandonedTemporaries(folder);
 }
 
 MacBackend::~MacBackend() = default;

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <string>
@@ -24,6 +25,8 @@ namespace
 {
 
 namespace fs = std::filesystem;
+
+constexpr const char *temporaryPrefix = ".tavelo-"; // and six letters
 
 bool fail(FileError *error, int code)
 {
@@ -259,11 +262,15 @@ bool FileManager::createFile(const QString &path, mode_t mode, FileError *error)
 
 bool FileManager::append(const QString &path, const QByteArray &bytes, FileError *error) const
 {
-    Descriptor file(
-        ::open(QFile::encodeName(m_root.hostPath(path)).constData(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK));
-    if (!file.isOpen() || !writeWhole(file.number(), bytes) || !file.close())
+    // A link or a pipe planted at the path would lead the bytes to where another user wants them.
+    Descriptor file(::open(QFile::encodeName(m_root.hostPath(path)).constData(),
+                           O_WRONLY | O_APPEND | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW));
+    struct stat info;
+    if (!file.isOpen() || ::fstat(file.number(), &info) != 0)
         return fail(error, errno);
-    return true;
+    if (!S_ISREG(info.st_mode))
+        return fail(error, EINVAL);
+    return (writeWhole(file.number(), bytes) && file.close()) || fail(error, errno);
 }
 
 bool FileManager::writeAtomically(const QString &path, const QByteArray &bytes, mode_t mode, FileError *error) const
@@ -271,7 +278,7 @@ bool FileManager::writeAtomically(const QString &path, const QByteArray &bytes, 
     const QByteArray target = QFile::encodeName(m_root.hostPath(path));
     if (isFolder(path))
         return fail(error, EISDIR);
-    QByteArray temporary = target.left(target.lastIndexOf('/') + 1) + ".tavelo-XXXXXX";
+    QByteArray temporary = target.left(target.lastIndexOf('/') + 1) + temporaryPrefix + "XXXXXX";
     Descriptor file(::mkstemp(temporary.data())); // with mode 0600
     if (!file.isOpen())
         return fail(error, errno);
@@ -285,9 +292,28 @@ bool FileManager::writeAtomically(const QString &path, const QByteArray &bytes, 
     return fail(error, reason);
 }
 
+void FileManager::removeAbandonedTemporaries(const QString &folder) const
+{
+    const fs::file_time_type yesterday = fs::file_time_type::clock::now() - std::chrono::hours(24);
+    std::error_code code;
+    for (fs::directory_iterator next(QFile::encodeName(m_root.hostPath(folder)).constData(), code), end;
+         !code && next != end; next.increment(code)) {
+        const std::string name = next->path().filename().native();
+        std::error_code reason;
+        if (name.starts_with(temporaryPrefix) && name.size() == std::strlen(temporaryPrefix) + 6 &&
+            next->symlink_status(reason).type() == fs::file_type::regular &&
+            next->last_write_time(reason) < yesterday && !reason)
+            fs::remove(next->path(), reason);
+    }
+}
+
 bool FileManager::setMode(const QString &path, mode_t mode, FileError *error) const
 {
-    return ::chmod(QFile::encodeName(m_root.hostPath(path)).constData(), mode) == 0 || fail(error, errno);
+    const QByteArray hostPath = QFile::encodeName(m_root.hostPath(path));
+    if (isFolder(path)) // the slash keeps it one: what a link leads to by now is a folder, or nothing is done
+        return ::chmod((hostPath + '/').constData(), mode) == 0 || fail(error, errno);
+    return ::fchmodat(AT_FDCWD, hostPath.constData(), mode, AT_SYMLINK_NOFOLLOW) == 0 ||
+           fail(error, errno == EOPNOTSUPP ? ELOOP : errno); // Linux cannot set a link's mode
 }
 
 bool FileManager::remove(const QString &path, FileError *error) const

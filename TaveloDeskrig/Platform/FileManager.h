@@ -86,7 +86,8 @@ public:
     virtual bool createFile(const QString &path, mode_t mode, FileError *error = nullptr) const;
 
     /// Adds `bytes` to the end of an existing file with one write, so that lines of several writers never mix. (A full
-    /// disk may take a part of them; the rest is an error.)
+    /// disk may take a part of them; the rest is an error.) A link is not followed (ELOOP), and only a regular file is
+    /// written to.
     virtual bool append(const QString &path, const QByteArray &bytes, FileError *error = nullptr) const;
 
     /// Replaces the file as a whole: the bytes go to a private temporary file (mode 0600, named `.tavelo-` and six
@@ -96,6 +97,11 @@ public:
     virtual bool writeAtomically(const QString &path, const QByteArray &bytes, mode_t mode,
                                  FileError *error = nullptr) const;
 
+    /// Removes from a folder of the program's own what was left there by a program that was killed within
+    /// `writeAtomically`: temporary files that nobody has touched for a day.
+    virtual void removeAbandonedTemporaries(const QString &folder) const;
+
+    /// A link to a folder is followed; the mode of what another link leads to stays as it is.
     virtual bool setMode(const QString &path, mode_t mode, FileError *error = nullptr) const;
 
     /// Removes a file, a link or a folder with all that is in it; links are removed, not followed. Nothing there is an

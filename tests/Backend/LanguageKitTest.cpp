@@ -32,6 +32,10 @@ private Q_SLOTS:
         row("failing unopkg", "touch failing-unopkg", false, all, staged, "dictionary bằng unopkg.");
         row("failing zip", "touch failing-zip", false, "curl curl zip", "vi", "(exit 1)");
         row("failing download", "touch failing-curl", false, "curl", "vi", "file: one.xml");
+        row("links planted",
+            "mkdir -p $C/vi/META-INF; printf mine >notes; for each in vietnamese-dictionaries.oxt "
+            "vi/one.xml vi/META-INF/two.xml; do ln -s $PWD/notes $C/$each; done",
+            true, all, staged, "(exit 0)");
         row("second is corrupted", "mkdir -p $C; touch $C/vietnamese-dictionaries.oxt corrupt-two.xml", false,
             "curl curl", "", "file: META-INF/two.xml");
     }
@@ -69,6 +73,7 @@ mkdir -p "$D" && touch "$D/vi_VN.dic")");
         QTEST(mac.calls().replaceInStrings(QRegularExpression(u"\\|.*"_s), QString()).join(u' '), "ran");
         QTEST(QDir(mac.hostPath(folder)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join(u' '), "left");
         QVERIFY2(shop.texts().value(shop.texts().size() - 1).endsWith(line), qPrintable(shop.texts().join(u'\n')));
+        QCOMPARE(mac.contents(u"/notes"_s), mac.exists(u"/notes"_s) ? "mine" : "");
         if (!mac.calls().isEmpty())
             QCOMPARE(
                 mac.calls().at(0),

@@ -1,9 +1,9 @@
 #include "OperationLog.h"
 
+#include "Row.h"
 #include "Workshop.h"
 
 #include <QRegularExpression>
-#include <QTest>
 
 #include <thread>
 #include <vector>
@@ -45,15 +45,31 @@ private Q_SLOTS:
         QVERIFY(shop.heard.lines.isEmpty()); // which the main queue delivers
     }
 
+    void failureIsToldAndStopsNothing_data()
+    {
+        columns<QString, QString>("furniture", "words"); // in the folder of logs
+        row("a folder", "mkdir tavelo-deskrig.log", "Is a directory");
+        row("a link to a file", "ln -s ../../notes tavelo-deskrig.log", "Too many levels of symbolic links");
+        row("a link to nowhere", "ln -s ../../none tavelo-deskrig.log", "File exists");
+        row("a pipe", "mkfifo tavelo-deskrig.log", "No such device or address");
+    }
+
     void failureIsToldAndStopsNothing()
     {
+        QFETCH(QString, furniture);
+        QFETCH(QString, words);
         const TemporaryMac mac;
-        mac.furnish(u"mkdir -p Users/technician/Library/Logs/tavelo-deskrig.log"_s);
+        mac.furnish(
+            u"cd Users/technician; mkdir -p Library/Logs; printf mine >notes; chmod 644 notes; cd Library/Logs; "_s +
+            furniture);
         Workshop shop(mac.services());
         shop.log.log(u"one"_s);
         shop.log.log(u"two"_s);
-        QCOMPARE(shop.texts().join(u'|'),
-                 u"Không ghi được log file: Is a directory|one|Không ghi được log file: Is a directory|two"_s);
+        const QString failure = u"Không ghi được log file: "_s + words;
+        QCOMPARE(shop.texts(), QStringList({failure, u"one"_s, failure, u"two"_s}));
+        QCOMPARE(mac.contents(mac.home() + u"/notes"_s), "mine");
+        QCOMPARE(mac.mode(mac.home() + u"/notes"_s), 0644);
+        QVERIFY(!mac.exists(mac.home() + u"/none"_s));
     }
 
     void progress()

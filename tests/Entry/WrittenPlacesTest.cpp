@@ -38,6 +38,12 @@ QHash<QString, QByteArray> filesOn(const ProgramOnAMac &mac)
     return found;
 }
 
+/// The places where the program may write.
+const QRegularExpression told(u"^/Users/technician/(Applications(/Tavelo Deskrig(/[^/]+\\.webloc)?)?"
+                              "|Library/Logs(/tavelo-deskrig\\.log)?"
+                              "|Library/Application Support/Tavelo Deskrig(/Reports(/tavelo-deskrig-report\\.txt)?)?"
+                              "|Library/Caches(/tavelo-deskrig(/downloads(/[^/]+)?|/mounts|/extract)?)?)$"_s);
+
 int modeOf(const QString &hostPath)
 {
     struct stat info;
@@ -64,11 +70,6 @@ private Q_SLOTS:
             u"^/(private/var/(log/)?simulated-mac|opt/homebrew)(/|$)|^/Applications/[^/]*\\.app(/|$)"
             "|^/Users/technician/Library/(Fonts|Preferences|Application Support/LibreOffice)(/|$)"
             "|^/private/var/db/receipts/"_s);
-        const QRegularExpression told(
-            u"^/Users/technician/(Applications(/Tavelo Deskrig(/[^/]+\\.webloc)?)?"
-            "|Library/Logs(/tavelo-deskrig\\.log)?"
-            "|Library/Application Support/Tavelo Deskrig(/Reports(/tavelo-deskrig-report\\.txt)?)?"
-            "|Library/Caches(/tavelo-deskrig(/downloads(/[^/]+)?|/mounts|/extract)?)?)$"_s);
         const QHash<QString, QByteArray> after = filesOn(mac);
         qsizetype own = 0;
         for (auto file = after.cbegin(); file != after.cend(); ++file) {
@@ -86,6 +87,35 @@ private Q_SLOTS:
         QVERIFY(own > 10);
         for (auto file = before.cbegin(); file != before.cend(); ++file)
             QVERIFY2(after.contains(file.key()), qPrintable(file.key()));
+    }
+
+    void linksInItsPlacesLeadNowhere()
+    {
+        const ProgramOnAMac model, mac;
+        const auto work = [](const ProgramOnAMac &on) {
+            return on.run({u"--preset"_s, u"full"_s, u"--yes"_s}).status + on.run({u"--check"_s}).status;
+        };
+        QCOMPARE(work(model), 0);
+        const QString victims = mac.hostPath(u"/Users/technician/victims"_s);
+        QVERIFY(QDir().mkpath(victims));
+        const QHash<QString, QByteArray> written = filesOn(model);
+        int planted = 0;
+        for (auto file = written.cbegin(); file != written.cend(); ++file) {
+            if (file.value() == "folder" || !told.match(file.key()).hasMatch() || mac.exists(file.key()))
+                continue;
+            QFile victim(victims + u'/' + QString::number(++planted));
+            QVERIFY(victim.open(QFile::WriteOnly) && victim.write("mine") == 4);
+            QVERIFY(victim.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));
+            QVERIFY(QDir().mkpath(QFileInfo(mac.hostPath(file.key())).path()));
+            QVERIFY(QFile::link(victim.fileName(), mac.hostPath(file.key())));
+        }
+        QVERIFY(planted >= 9);
+        QCOMPARE(work(mac), 0);
+        for (; planted > 0; --planted) {
+            const QString victim = u"/Users/technician/victims/"_s + QString::number(planted);
+            QCOMPARE(mac.contents(victim), "mine");
+            QCOMPARE(modeOf(mac.hostPath(victim)), 0604);
+        }
     }
 };
 

@@ -10,8 +10,10 @@
 #include <cstring>
 #include <thread>
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace Tavelo;
@@ -105,6 +107,40 @@ private Q_SLOTS:
         watcher.join();
         QVERIFY(written);
         QCOMPARE(seen, 0600);
+    }
+
+    void plantedLinksReachNoOtherFile()
+    {
+        m_mac.furnish(
+            u"mkdir -m 755 v links2; mkfifo pipe2; printf mine >v/file; chmod 644 v/file; ln -s ../v links2/folder; "
+            "for at in log made new; do ln -s ../v/file links2/$at; done; ln -s ../v/none links2/nowhere"_s);
+        FileError error;
+        QVERIFY(!m_files.append(u"/links2/log"_s, "x", &error));
+        QCOMPARE(error.code, ELOOP);
+        m_files.setMode(u"/links2/log"_s, 0600);
+        QVERIFY(!m_files.createFile(u"/links2/made"_s, 0600) && !m_files.createFile(u"/links2/nowhere"_s, 0600));
+        QVERIFY(m_files.writeAtomically(u"/links2/new"_s, "new", 0600) && m_files.setMode(u"/links2/new"_s, 0600));
+        QCOMPARE(m_mac.contents(u"/v/file"_s), "mine");
+        QCOMPARE(m_mac.mode(u"/v/file"_s), 0644);
+        QVERIFY(!m_mac.exists(u"/v/none"_s));
+        QVERIFY(m_files.setMode(u"/links2/folder"_s, 0700));
+        QCOMPARE(m_mac.mode(u"/v"_s), 0700);
+
+        const int reader = ::open(qPrintable(m_mac.hostPath(u"/pipe2"_s)), O_RDONLY | O_NONBLOCK);
+        QVERIFY(reader >= 0 && !m_files.append(u"/pipe2"_s, "x", &error));
+        QCOMPARE(error.code, EINVAL);
+        ::close(reader);
+    }
+
+    void removesAbandonedTemporariesOnly()
+    {
+        m_mac.furnish(
+            u"mkdir a; cd a; mkdir .tavelo-folder; ln -s kept .tavelo-linked; touch .tavelo-aB3xYz "
+            ".tavelo-notes.txt tavelo-abcdef kept; touch -h -d '2 days ago' * .tavelo-*; touch .tavelo-recent"_s);
+        m_files.removeAbandonedTemporaries(u"/a"_s);
+        m_files.removeAbandonedTemporaries(u"/nowhere"_s);
+        m_mac.furnish(u"test \"$(ls -A a | tr '\\n' ' ')\" = "
+                      "'.tavelo-folder .tavelo-linked .tavelo-notes.txt .tavelo-recent kept tavelo-abcdef '"_s);
     }
 
     void removesLinksAndNotTheirTargets()

@@ -1,0 +1,213 @@
+// The functions below take the place of the C library's for the whole test, its shared libraries included, since the
+// program that runs comes first where a name is looked up.
+
+#include "FaultyDisk.h"
+
+#include <QFile>
+
+#include <atomic>
+#include <cerrno>
+#include <cstdarg>
+#include <cstdlib>
+#include <string>
+
+#include <dlfcn.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace
+{
+
+using Tavelo::FaultyDisk;
+
+struct State {
+    std::string folder;
+    std::string spared;
+    FaultyDisk::Fault fault;
+    std::atomic<int> count = 0;
+};
+std::atomic<State *> current = nullptr;
+
+enum class Need { nothing, space };
+
+template <typename Function>
+Function *next(const char *name)
+{
+    return reinterpret_cast<Function *>(::dlsym(RTLD_NEXT, name));
+}
+
+std::string pathOf(int descriptor)
+{
+    char path[4096];
+    const ssize_t length = ::readlink(("/proc/self/fd/" + std::to_string(descriptor)).c_str(), path, sizeof path);
+    return {path, static_cast<size_t>(std::max<ssize_t>(length, 0))};
+}
+
+std::string pathIn(int folder, const char *path)
+{
+    return *path == '/' ? path : folder == AT_FDCWD ? std::string() : pathOf(folder) + '/' + path;
+}
+
+/// Counts the call. Gives the error that it is to end with, or 0; `half` is done before that.
+template <typename Half>
+int failure(const std::string &path, Need need, const Half &half)
+{
+    State *state = current;
+    if (!state || !path.starts_with(state->folder) || (!state->spared.empty() && path.starts_with(state->spared)))
+        return 0;
+    const auto [kind, code, at] = state->fault;
+    const int number = ++state->count;
+    const bool isFull = kind == FaultyDisk::Kind::full && number > at && need == Need::space;
+    if (number != at && !isFull)
+        return 0;
+    if (kind == FaultyDisk::Kind::full && need != Need::space)
+        return 0;
+    half();
+    if (kind == FaultyDisk::Kind::death)
+        ::_exit(FaultyDisk::deathStatus);
+    return code;
+}
+
+int failure(const std::string &path, Need need = Need::nothing)
+{
+    return failure(path, need, [] {});
+}
+
+/// The call with these arguments, unless it is to fail.
+template <typename Function, typename... Arguments>
+auto unlessFailing(int code, Function *function, Arguments... arguments)
+{
+    if (code == 0)
+        return function(arguments...);
+    errno = code;
+    return static_cast<decltype(function(arguments...))>(-1);
+}
+
+int openIn(const char *name, int folder, const char *path, int flags, mode_t mode)
+{
+    const int code = current ? failure(pathIn(folder, path), flags & O_CREAT ? Need::space : Need::nothing) : 0;
+    return unlessFailing(code, next<int(int, const char *, int, ...)>(name), folder, path, flags, mode);
+}
+
+mode_t modeAmong(int flags, va_list arguments)
+{
+    return flags & (O_CREAT | __O_TMPFILE) ? va_arg(arguments, mode_t) : 0;
+}
+
+} // namespace
+
+namespace Tavelo
+{
+
+FaultyDisk::FaultyDisk(const QString &folder, const Fault &fault, const QString &spared)
+{
+    const auto real = [](const QString &path) { return QFile::encodeName(path).toStdString(); };
+    current = new State{real(folder), real(spared), fault};
+}
+
+FaultyDisk::~FaultyDisk()
+{
+    delete current.exchange(nullptr);
+}
+
+bool FaultyDisk::struck() const
+{
+    return current.load()->count >= current.load()->fault.at;
+}
+
+} // namespace Tavelo
+
+extern "C" {
+
+int open(const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeAmong(flags, arguments);
+    va_end(arguments);
+    return openIn("openat", AT_FDCWD, path, flags, mode);
+}
+
+int open64(const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeAmong(flags, arguments);
+    va_end(arguments);
+    return openIn("openat64", AT_FDCWD, path, flags, mode);
+}
+
+int openat(int folder, const char *path, int flags, ...)
+{
+    va_list arguments;
+    va_start(arguments, flags);
+    const mode_t mode = modeAmong(flags, arguments);
+    va_end(arguments);
+    return openIn("openat", folder, path, flags, mode);
+}
+
+int mkstemp(char *path)
+{
+    return unlessFailing(current ? failure(path, Need::space) : 0, next<int(char *)>("mkstemp"), path);
+}
+
+ssize_t write(int descriptor, const void *bytes, size_t size)
+{
+    auto *real = next<ssize_t(int, const void *, size_t)>("write");
+    const int code = current ? failure(pathOf(descriptor), Need::space,
+                                       [&] { [[maybe_unused]] const auto done = real(descriptor, bytes, size / 2); })
+                             : 0;
+    return unlessFailing(code, real, descriptor, bytes, size);
+}
+
+int fsync(int descriptor)
+{
+    return unlessFailing(current ? failure(pathOf(descriptor), Need::space) : 0, next<int(int)>("fsync"), descriptor);
+}
+
+int close(int descriptor)
+{
+    auto *real = next<int(int)>("close");
+    const int code = current ? failure(pathOf(descriptor), Need::nothing, [&] { real(descriptor); }) : 0;
+    return unlessFailing(code, real, descriptor);
+}
+
+int fchmod(int descriptor, mode_t mode) noexcept
+{
+    return unlessFailing(current ? failure(pathOf(descriptor)) : 0, next<int(int, mode_t)>("fchmod"), descriptor, mode);
+}
+
+int chmod(const char *path, mode_t mode) noexcept
+{
+    return unlessFailing(current ? failure(path) : 0, next<int(const char *, mode_t)>("chmod"), path, mode);
+}
+
+int fchmodat(int folder, const char *path, mode_t mode, int flags) noexcept
+{
+    return unlessFailing(current ? failure(pathIn(folder, path)) : 0,
+                         next<int(int, const char *, mode_t, int)>("fchmodat"), folder, path, mode, flags);
+}
+
+int rename(const char *from, const char *to) noexcept
+{
+    return unlessFailing(current ? failure(to) : 0, next<int(const char *, const char *)>("rename"), from, to);
+}
+
+int mkdir(const char *path, mode_t mode) noexcept
+{
+    return unlessFailing(current ? failure(path, Need::space) : 0, next<int(const char *, mode_t)>("mkdir"), path,
+                         mode);
+}
+
+int unlink(const char *path) noexcept
+{
+    return unlessFailing(current ? failure(path) : 0, next<int(const char *)>("unlink"), path);
+}
+
+int unlinkat(int folder, const char *path, int flags) noexcept
+{
+    return unlessFailing(current ? failure(pathIn(folder, path)) : 0, next<int(int, const char *, int)>("unlinkat"),
+                         folder, path, flags);
+}
+}
