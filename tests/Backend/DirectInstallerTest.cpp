@@ -119,7 +119,6 @@ private Q_SLOTS:
         row("in another app", "mkdir -p image/A.app/in; mv image/Tool.app image/A.app/in/", "", refused);
         row("after another app", "mkdir -p image/A.app image/b; mv image/Tool.app image/b/", "TEAM1", done);
         row("under another name", "mv image/Tool.app image/Other.app", "TEAM1", done);
-        row("no app", "mv image/Tool.app image/Tool", "", "Không tìm thấy Tool.app trong ");
         row("another team", "echo TEAM2 >image/Tool.app/team", "", refused);
         row("damaged copy", "touch damaging", "", "xoá bản copy không hoàn chỉnh.");
         row("genuine in place", "cp -R image/Tool.app Applications; touch damaging", "TEAM1", "Tool.app đã tồn tại");
@@ -141,7 +140,11 @@ private Q_SLOTS:
             QCOMPARE(mac.contents(target + u"/team"_s), team.toUtf8());
             QCOMPARE(mac.exists(target), !team.isEmpty());
             QVERIFY2(shop.texts().join(u'\n').contains(line), qPrintable(shop.texts().join(u'\n')));
-            QCOMPARE(mac.exists(cache + u"/downloads/Tool.img"_s), !line.startsWith(u"Download"));
+            const bool downloaded = !line.startsWith(u"Download");
+            QCOMPARE(mac.exists(cache + u"/downloads/Tool.img"_s), downloaded);
+            const bool dmg = type == InstallerType::dmg;
+            QCOMPARE(shop.heard.progress.contains({dmg ? u"Đang mount bộ cài Item"_s : u"Đang giải nén Item"_s, 0.45}),
+                     downloaded);
             QCOMPARE(mac.calls(u"hdiutil|attach"_s).size(), mac.calls(u"hdiutil|detach"_s).size());
             mac.furnish(u"cd .%1; ! ls mounts extract 2>/dev/null | grep item"_s.arg(cache));
             for (const QString &folder : {cache + u"/downloads"_s, cache + u"/mounts"_s, cache + u"/extract"_s})
@@ -173,7 +176,7 @@ private Q_SLOTS:
         QCOMPARE(mac.contents(cache + u"/downloads/Tool.img"_s), "image\n");
     }
 
-    void tellsWhatCannotBePrepared()
+    void tellsWhatIsMissing()
     {
         const auto told = [](InstallerType type, const QString &furniture) {
             const TemporaryMac mac;
@@ -181,7 +184,7 @@ private Q_SLOTS:
             mac.furnish(u"mkdir -p Users/technician/Library/Caches; C=.%1; "_s.arg(cache) + furniture);
             Workshop shop(mac.services());
             const DirectInstaller installer(shop.services, shop.runtime, shop.runner, shop.log);
-            return installer.installDirectApp(tool(type)) ? QString() : shop.texts().constLast();
+            return installer.installDirectApp(tool(type)) ? QString() : shop.texts().filter(u"Không "_s).join(u'|');
         };
         using enum InstallerType;
         QCOMPARE(told(dmg, u"touch $C"_s), u"Không chuẩn bị được direct install cho Item: Not a directory"_s);
@@ -189,6 +192,8 @@ private Q_SLOTS:
         QCOMPARE(told(zip, u"mkdir $C; touch $C/extract"_s), u"Không tạo được extract dir: Not a directory"_s);
         QCOMPARE(told(zip, u"rmdir Applications; touch Users/technician/Applications"_s),
                  u"Không tạo được thư mục cài /Users/technician/Applications: File exists"_s);
+        QCOMPARE(told(dmg, u"rm -r image/*"_s), u"Không tìm thấy Tool.app trong DMG."_s);
+        QCOMPARE(told(zip, u"mv image/Tool.app image/Tool"_s), u"Không tìm thấy Tool.app trong ZIP."_s);
     }
 
     void addressIsCheckedBeforeAnythingGoesOut()
