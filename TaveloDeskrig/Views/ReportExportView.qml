@@ -127,6 +127,5 @@ SheetView {
 
     SavePanel {
         viewModel: sheet.viewModel
-        Layout.topMargin: -sheet.spacing
     }
 }
