@@ -27,6 +27,7 @@ private Q_SLOTS:
     void keepsWhatIsTypedIn();
     void refusesAnIncompleteReport();
     void asksBeforeItReplacesAFile();
+    void keepsTheTitlesOverTheRows();
     void disablesWhatMustWait();
     void speaksTheChosenLanguage();
     void tabsThroughTheWindow();
@@ -311,6 +312,24 @@ void WindowTest::asksBeforeItReplacesAFile()
     stage.settle();
     QVERIFY(!stage.find(u"save-button"_s));
     QCOMPARE(stage.model().sheetKind(), SheetKind::report);
+}
+
+void WindowTest::keepsTheTitlesOverTheRows()
+{
+    const ProgramOnAMac mac;
+    mac.furnish(u"populate"_s, {});
+    Stage stage(mac);
+    stage.settle();
+    stage.model().openReport();
+    stage.pass(300);
+    QVERIFY(!stage.find(u"report-titles"_s));
+    stage.model().scanMac();
+    stage.settle();
+    const QQuickItem *const titles = stage.find(u"report-titles"_s);
+    QCOMPARE(titles->y() + titles->height(), titles->parentItem()->property("contentY").toDouble() * -1);
+    key(stage, Qt::Key_PageDown);
+    key(stage, Qt::Key_PageDown);
+    QCOMPARE(titles->y(), 0);
 }
 
 void WindowTest::disablesWhatMustWait()
