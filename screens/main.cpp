@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace Tavelo;
@@ -146,9 +148,16 @@ private:
         on->pass(100);
         picture(u"report-table"_s);
         model.setReportProfile({.inspectorName = u"Nguyễn Thị Minh Khai"_s, .subject = u"Kiểm kê phòng kế toán"_s});
+        const QDir documents(mac.hostPath(u"/Users/technician/Documents"_s));
+        documents.mkdir(u"Phòng kế toán"_s);
+        QFile(documents.filePath(u"tavelo-deskrig-report.pdf"_s)).open(QIODevice::WriteOnly);
         model.startReportPDFExport();
-        on->pass(800);
-        picture(u"report-save"_s);
+        on->pass(400);
+        picture(u"save-panel"_s);
+        QTest::keyClick(&on->window(), Qt::Key_Return);
+        on->pass(400);
+        picture(u"save-replace"_s);
+        QTest::keyClick(&on->window(), Qt::Key_Escape);
         model.cancelReportPDFExport();
         model.dismissSheet();
         on->advance(std::chrono::seconds(3));

@@ -24,6 +24,7 @@ const QHash<QString, char16_t> &glyphs()
         {u"arrow.down.circle.fill"_s, 0xF047},
         {u"arrow.down.doc.fill"_s, 0xF21D},
         {u"arrow.down.to.line"_s, 0xF1DA},
+        {u"arrow.up"_s, 0xF05D},
         {u"briefcase"_s, 0xF0D6},
         {u"bubble.left.and.bubble.right"_s, 0xF28C},
         {u"camera.viewfinder"_s, 0xF2F2},
