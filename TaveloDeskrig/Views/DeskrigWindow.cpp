@@ -81,10 +81,14 @@ DeskrigWindow::DeskrigWindow(DeskrigViewModel &model, const std::function<void()
                 announce(*window, u"toast"_s);
         },
         Qt::QueuedConnection);
-    // The status line may change many times at once; what it says in the end is enough.
+    // The status line may change many times at once; what it says in the end is enough. A toast tells the same in its
+    // own words, so that no one is to hear both.
     auto *const status = new QTimer(window);
     status->setSingleShot(true);
-    QObject::connect(status, &QTimer::timeout, window, [window] { announce(*window, u"status-line"_s); });
+    QObject::connect(status, &QTimer::timeout, window, [window, &model] {
+        if (!model.toast().isShown())
+            announce(*window, u"status-line"_s);
+    });
     QObject::connect(&model, &DeskrigViewModel::currentActionChanged, status, qOverload<>(&QTimer::start));
     callAfterFirstFrame(*window, onFirstFrame);
     window->show();
