@@ -1,6 +1,5 @@
 #include "Stage.h"
 
-#include "HttpTransport.h"
 #include "UserDefaults.h"
 
 #include <QQuickItem>
@@ -60,11 +59,21 @@ Stage::Stage(const ProgramOnAMac &mac, AppLanguage language, const QByteArray &r
         environment.insert(u"TAVELO_SUPABASE_URL"_s, u"https://localhost"_s);
         environment.insert(u"TAVELO_SUPABASE_ANON_KEY"_s, u"key"_s);
     }
-    PlatformServices services = PlatformServices::make(environment);
-    services.clock = m_clock;
+    const PlatformServices services = PlatformServices::make(environment);
     services.defaults->setText(AppLanguages::storedKey.toString(), rawValue(language));
+    open(services, std::make_unique<PolicyTransport>(releasePolicy));
+}
+
+Stage::Stage(const ProgramOnAMac &mac, std::unique_ptr<HttpTransport> transport)
+{
+    open(mac.services(), std::move(transport));
+}
+
+void Stage::open(PlatformServices services, std::unique_ptr<HttpTransport> transport)
+{
+    services.clock = m_clock;
     m_pool.holdBack();
-    m_model = std::make_unique<DeskrigViewModel>(services, std::make_unique<PolicyTransport>(releasePolicy), m_pool);
+    m_model = std::make_unique<DeskrigViewModel>(services, std::move(transport), m_pool);
     bool isDrawn = false;
     m_window = std::make_unique<DeskrigWindow>(*m_model, [&isDrawn] { isDrawn = true; });
     if (!m_window->window())

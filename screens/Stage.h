@@ -2,6 +2,7 @@
 
 #include "DeskrigViewModel.h"
 #include "DeskrigWindow.h"
+#include "HttpTransport.h"
 #include "ProgramOnAMac.h"
 #include "TemporaryMac.h"
 #include "WorkPool.h"
@@ -26,6 +27,8 @@ public:
     /// With a `releasePolicy`, there is a cloud that answers with it, and with nothing else.
     explicit Stage(const ProgramOnAMac &mac, AppLanguage language = AppLanguage::english,
                    const QByteArray &releasePolicy = {});
+    /// The cloud is the one that the Mac's environment names; the language is the one chosen last.
+    Stage(const ProgramOnAMac &mac, std::unique_ptr<HttpTransport> transport);
     ~Stage();
     Q_DISABLE_COPY_MOVE(Stage)
 
@@ -45,6 +48,8 @@ public:
     QImage picture();
 
 private:
+    void open(PlatformServices services, std::unique_ptr<HttpTransport> transport);
+
     std::shared_ptr<StillClock> m_clock = std::make_shared<StillClock>();
     WorkPool m_pool;
     std::unique_ptr<DeskrigViewModel> m_model;

@@ -1,9 +1,7 @@
-#include "Stage.h"
+#include "WindowDriver.h"
 
 #include <QDir>
 #include <QFile>
-#include <QQuickItem>
-#include <QQuickWindow>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -11,7 +9,7 @@ using namespace Qt::StringLiterals;
 using namespace Tavelo;
 
 /// Drives the real window by mouse and keyboard. Any warning, of a view or of anything else, fails the test.
-class WindowTest : public QObject
+class WindowTest : public WindowDriver
 {
     Q_OBJECT
 
@@ -47,40 +45,7 @@ private:
             m_shown.append(static_cast<QWindow *>(watched)->size());
         return false;
     }
-    /// A click in the middle of the item of that name.
-    void click(Stage &stage, const QString &name)
-    {
-        QTest::mouseClick(&stage.window(), Qt::LeftButton, {}, middle(stage, name));
-        stage.pass(20);
-    }
-    QPoint middle(Stage &stage, const QString &name)
-    {
-        QQuickItem *const item = stage.find(name);
-        if (!item)
-            qFatal("There is no %s in sight.", qPrintable(name));
-        return item->mapToScene({item->width() / 2, item->height() / 2}).toPoint();
-    }
-    void key(Stage &stage, Qt::Key key)
-    {
-        QTest::keyClick(&stage.window(), key);
-        stage.pass(20);
-    }
-    void type(Stage &stage, const QString &text)
-    {
-        for (const QChar character : text)
-            QTest::keyClick(&stage.window(), character.toLatin1());
-    }
-    /// The name of the item that the keyboard is at, or of the nearest one around it that has one.
-    QString focused(Stage &stage)
-    {
-        for (QQuickItem *item = stage.window().activeFocusItem(); item; item = item->parentItem()) {
-            if (!item->objectName().isEmpty())
-                return item->objectName();
-        }
-        return {};
-    }
     QString status(Stage &stage) { return stage.find(u"status-line"_s)->property("text").toString(); }
-    bool isEnabled(Stage &stage, const QString &name) { return stage.find(name)->isEnabled(); }
 };
 
 void WindowTest::init()
