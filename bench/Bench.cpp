@@ -17,7 +17,6 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <cstdio>
 
 using namespace Tavelo;
 using namespace Tavelo::Bench;
@@ -30,6 +29,7 @@ constexpr double statusBudget = 1.1;
 constexpr double processBudget = 1.2;
 constexpr double inventoryBudget = 1.2;
 constexpr double growthBudget = 1.15;
+constexpr double memoryBudget = 40; // MiB
 
 /// A program that does nothing, on this machine and outside the simulated Mac.
 const QString nothing = QStringLiteral("/bin/true");
@@ -63,7 +63,7 @@ void statusBesideItsTools(const PlatformServices &services, const MacBackend &ba
                   },
                   11),
           statusBudget);
-    std::printf("%-34s %lld\n", "  runs of brew among them", static_cast<long long>(brewRuns));
+    printLimit(QStringLiteral("  runs of brew among them"), static_cast<double>(brewRuns), 2, "");
 }
 
 void processStartBesideABareLoop(const PlatformServices &services, const QStringList &environment)
@@ -132,9 +132,8 @@ double inventoryBesideABareLoop(int applications, int rounds, bool withMemory)
     if (found != applications)
         qFatal("the scan found %d applications", static_cast<int>(found));
     if (withMemory)
-        std::printf("%-34s %6.1f MiB above the %.1f MiB before   budget 40 MiB   %s\n", "memory of that scan",
-                    static_cast<double>(peak - before) / 1024, static_cast<double>(before) / 1024,
-                    peak - before <= 40 * 1024 ? "within" : "OVER");
+        printLimit(QStringLiteral("memory above that before, scan of %1").arg(applications),
+                   static_cast<double>(peak - before) / 1024, memoryBudget, "MiB");
     const QStringList floorEnvironment = environment.toStringList();
     const Pair pair = compare([&] { backend.installedAdditionalApplications(); },
                               [&] {
@@ -152,8 +151,7 @@ void inventory()
     const double large = inventoryBesideABareLoop(4000, 1, true);
     inventoryBesideABareLoop(1000, 3, false);
     const double small = inventoryBesideABareLoop(250, 5, false);
-    std::printf("%-34s %5.2f x   budget %.2f x   %s\n", "growth per application, 250 to 4000", large / small,
-                growthBudget, large / small <= growthBudget ? "within" : "OVER");
+    print(QStringLiteral("one application of 4,000 beside one of 250"), {large, small}, growthBudget);
 }
 
 } // namespace

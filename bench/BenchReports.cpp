@@ -92,11 +92,9 @@ void pdf()
     const Pair pair =
         compare([&] { MacReportPDF::document(contents, surroundings); }, [&] { paintedWithoutLayout(pages); }, 5);
     print(QStringLiteral("PDF of 1,000 applications"), pair, pdfBudget);
-    std::printf("%-34s %6.0f pages a second, %lld pages, %.1f MiB of file\n", "  that is",
-                static_cast<double>(pages.size()) / pair.measured * 1000, static_cast<long long>(pages.size()),
-                static_cast<double>(size) / 1024 / 1024);
-    std::printf("%-34s %6.1f MiB above the %.1f MiB before\n", "  memory at its peak",
-                static_cast<double>(after - before) / 1024, static_cast<double>(before) / 1024);
+    printFigure(QStringLiteral("  of which one page"), pair.measured / static_cast<double>(pages.size()), "ms");
+    printFigure(QStringLiteral("  its file"), static_cast<double>(size) / 1024 / 1024, "MiB");
+    printFigure(QStringLiteral("  memory above that before"), static_cast<double>(after - before) / 1024, "MiB");
 }
 
 void textReport()
@@ -110,8 +108,7 @@ void textReport()
                                       text += line + u'\n';
                               },
                               21);
-    std::printf("%-34s %6.2f ms for %lld lines; joining finished lines takes %.2f ms\n",
-                "text report of 4,000 applications", pair.measured, static_cast<long long>(lines.size()), pair.floor);
+    print(QStringLiteral("text report of 4,000 beside joining its lines"), pair, noBudget);
 }
 
 } // namespace

@@ -5,10 +5,10 @@
 #include "FileManager.h"
 #include "Measure.h"
 #include "NetworkTransport.h"
+#include "WorkPool.h"
 
 #include <QGuiApplication>
 #include <QProcessEnvironment>
-#include <QThreadPool>
 
 #include <atomic>
 #include <cstdio>
@@ -52,8 +52,7 @@ int main(int argc, char *argv[])
     const auto launcher = std::make_shared<SlowLauncher>(services.files->root(), services.mainQueue);
     services.processes = launcher;
     {
-        QThreadPool pool;
-        pool.setMaxThreadCount(64);
+        WorkPool pool(64);
         std::vector<std::unique_ptr<DeskrigViewModel>> models;
         const auto start = [&] {
             models.push_back(std::make_unique<DeskrigViewModel>(services, std::make_unique<NetworkTransport>(), pool));

@@ -63,11 +63,27 @@ Pair compare(const std::function<void()> &work, const std::function<void()> &flo
     return {median(measured), median(floors)};
 }
 
-void print(const QString &what, const Pair &pair, double budget)
+void print(const QString &what, const Pair &pair, double budget, const char *unit)
 {
     const double ratio = pair.measured / pair.floor;
-    std::printf("%-34s %9.3f ms   floor %9.3f ms   %5.2f x   budget %.2f x   %s\n", qPrintable(what), pair.measured,
-                pair.floor, ratio, budget, ratio <= budget ? "within" : "OVER");
+    std::printf("%-44s %9.2f %-3s  %9.2f %-3s  %5.2f x", qPrintable(what), pair.measured, unit, pair.floor, unit,
+                ratio);
+    if (budget > noBudget)
+        std::printf("  %5.2f x  %s", budget, ratio <= budget ? "within" : "OVER");
+    std::printf("\n");
+    std::fflush(stdout);
+}
+
+void printFigure(const QString &what, double figure, const char *unit)
+{
+    std::printf("%-44s %9.2f %s\n", qPrintable(what), figure, unit);
+    std::fflush(stdout);
+}
+
+void printLimit(const QString &what, double figure, double limit, const char *unit)
+{
+    std::printf("%-44s %9.2f %-3s  %24s %6.2f %-3s  %s\n", qPrintable(what), figure, unit, "", limit, unit,
+                figure <= limit ? "within" : "OVER");
     std::fflush(stdout);
 }
 

@@ -21,8 +21,16 @@ struct Pair {
 /// Measures both in turns, so that both meet the same machine.
 Pair compare(const std::function<void()> &work, const std::function<void()> &floor, int rounds);
 
-/// Prints one figure beside its floor: the ratio, and the budget that it should stay within.
-void print(const QString &what, const Pair &pair, double budget);
+/// A budget of figures that have none.
+inline constexpr double noBudget = 0;
+
+/// Prints a row of the table that all benchmarks make together: a figure beside its floor, both in that unit, their
+/// ratio, and whether it stays within the budget.
+void print(const QString &what, const Pair &pair, double budget, const char *unit = "ms");
+/// Prints a row for a figure without a floor.
+void printFigure(const QString &what, double figure, const char *unit);
+/// Prints a row for a figure that is to stay below a limit of the same unit.
+void printLimit(const QString &what, double figure, double limit, const char *unit);
 
 /// Starts a program of the host the barest way there is, drops or reads its output, and waits for it. Gives its status.
 int bareRun(const QString &hostPath, const QStringList &arguments, const QStringList &environment, bool readOutput);

@@ -30,3 +30,10 @@ function(add_room name)
   target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
   target_link_libraries(${name} PUBLIC Qt6::Core ${room_USES} PRIVATE ProjectSettings)
 endfunction()
+
+# The code that a QML module generates is compiled as it comes, without the project's warnings.
+function(compile_generated_as_it_comes target)
+  get_target_property(sources ${target} SOURCES)
+  list(FILTER sources INCLUDE REGEX "/qmlcache/|_qmltyperegistrations")
+  set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS -w)
+endfunction()

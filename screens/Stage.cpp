@@ -63,13 +63,15 @@ Stage::Stage(const ProgramOnAMac &mac, AppLanguage language, const QByteArray &r
     PlatformServices services = PlatformServices::make(environment);
     services.clock = m_clock;
     services.defaults->setText(AppLanguages::storedKey.toString(), rawValue(language));
-    m_pool.setMaxThreadCount(16);
+    m_pool.holdBack();
     m_model = std::make_unique<DeskrigViewModel>(services, std::make_unique<PolicyTransport>(releasePolicy), m_pool);
-    m_window = std::make_unique<DeskrigWindow>(*m_model);
+    bool isDrawn = false;
+    m_window = std::make_unique<DeskrigWindow>(*m_model, [&isDrawn] { isDrawn = true; });
     if (!m_window->window())
         qFatal("The window could not be made.");
-    if (!QTest::qWaitForWindowExposed(m_window->window()))
+    if (!QTest::qWaitForWindowExposed(m_window->window()) || !QTest::qWaitFor([&] { return isDrawn; }))
         qFatal("The window does not show.");
+    m_pool.letGo();
 }
 
 Stage::~Stage()

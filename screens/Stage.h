@@ -4,12 +4,12 @@
 #include "DeskrigWindow.h"
 #include "ProgramOnAMac.h"
 #include "TemporaryMac.h"
+#include "WorkPool.h"
 
 #include <QByteArray>
 #include <QImage>
 #include <QSize>
 #include <QString>
-#include <QThreadPool>
 
 #include <memory>
 
@@ -46,7 +46,7 @@ public:
 
 private:
     std::shared_ptr<StillClock> m_clock = std::make_shared<StillClock>();
-    QThreadPool m_pool;
+    WorkPool m_pool;
     std::unique_ptr<DeskrigViewModel> m_model;
     std::unique_ptr<DeskrigWindow> m_window;
 };

@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QQuickItem>
+#include <QQuickWindow>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace Tavelo;
@@ -33,6 +35,7 @@ public:
         populated.furnish(u"populate"_s, {});
         sheets(populated);
         update(populated);
+        inMotion(populated);
     }
 
 private:
@@ -86,6 +89,9 @@ private:
         model.setShowLogDrawer(false);
         on->settle();
         picture(u"catalog"_s);
+        press(u"install-libreoffice"_s);
+        picture(u"button-pressed"_s);
+        QTest::mouseRelease(&on->window(), Qt::LeftButton);
         model.askToUninstallItem(u"libreoffice"_s);
         on->settle();
         picture(u"remove-prompt"_s);
@@ -146,9 +152,16 @@ private:
         on->pass(100);
         picture(u"report-table"_s);
         model.setReportProfile({.inspectorName = u"Nguyễn Thị Minh Khai"_s, .subject = u"Kiểm kê phòng kế toán"_s});
+        const QDir documents(mac.hostPath(u"/Users/technician/Documents"_s));
+        documents.mkdir(u"Phòng kế toán"_s);
+        QFile(documents.filePath(u"tavelo-deskrig-report.pdf"_s)).open(QIODevice::WriteOnly);
         model.startReportPDFExport();
-        on->pass(800);
-        picture(u"report-save"_s);
+        on->pass(400);
+        picture(u"save-panel"_s);
+        QTest::keyClick(&on->window(), Qt::Key_Return);
+        on->pass(400);
+        picture(u"save-replace"_s);
+        QTest::keyClick(&on->window(), Qt::Key_Escape);
         model.cancelReportPDFExport();
         model.dismissSheet();
         on->advance(std::chrono::seconds(3));
@@ -174,6 +187,39 @@ private:
         on->model().askToUninstallItem(u"vlc"_s);
         on->settle();
         picture(u"toast-warning"_s);
+    }
+
+    /// What is there for a moment only.
+    void inMotion(const ProgramOnAMac &mac)
+    {
+        {
+            mac.furnish(u"break-tool"_s, {u"xcode-select"_s, u"--delay"_s, u"1"_s});
+            const auto on = stage(mac);
+            on->model().openSheet(SheetKind::systemChecks);
+            on->pass(400);
+            picture(u"system-checks-waiting"_s);
+        }
+        mac.furnish(u"break-tool"_s, {u"brew"_s, u"--delay"_s, u"2"_s});
+        m_stage = nullptr;
+        Stage on(mac, m_language, demandedUpdate);
+        m_stage = &on;
+        on.model().performPrimaryActionOf(u"vlc"_s); // before the update is demanded
+        on.resize(m_size);
+        on.pass(600);
+        picture(u"both-banners"_s);
+        if (QQuickItem *const banner = on.find(u"operation-banner"_s))
+            banner->parentItem()->parentItem()->setProperty("share", 0.5);
+        on.pass(400);
+        picture(u"banner-halfway"_s);
+    }
+
+    /// The button of that name goes down, and does not come up.
+    void press(const QString &name)
+    {
+        if (const QQuickItem *const button = m_stage->find(name))
+            QTest::mousePress(&m_stage->window(), Qt::LeftButton, {},
+                              button->mapToScene({button->width() / 2, button->height() / 2}).toPoint());
+        m_stage->pass(100);
     }
 
     QString m_folder;

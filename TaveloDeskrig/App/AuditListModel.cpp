@@ -65,7 +65,8 @@ void AuditListModel::setLanguage(AppLanguage language)
 {
     m_strings = AppStrings(language);
     if (!m_records.isEmpty())
-        Q_EMIT dataChanged(index(0), index(static_cast<int>(m_records.size()) - 1), {applicationDescription, signatureText, licenseText});
+        Q_EMIT dataChanged(index(0), index(static_cast<int>(m_records.size()) - 1),
+                           {applicationDescription, signatureText, licenseText});
 }
 
 int AuditListModel::rowCount(const QModelIndex &parent) const

@@ -10,8 +10,7 @@
 #include "ProgressArithmetic.h"
 #include "SupabaseClient.h"
 #include "UserDefaults.h"
-
-#include <QThreadPool>
+#include "WorkPool.h"
 
 #include <algorithm>
 
@@ -21,7 +20,7 @@ namespace Tavelo
 {
 
 DeskrigViewModel::DeskrigViewModel(const PlatformServices &services, std::unique_ptr<HttpTransport> transport,
-                                   QThreadPool &pool)
+                                   WorkPool &pool)
     : m_services(services), m_runtime(services), m_pool(pool), m_snapshots(services, m_runtime)
 {
     m_language = AppLanguages::storedDefault(*services.defaults);

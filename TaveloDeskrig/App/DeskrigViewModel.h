@@ -35,14 +35,13 @@
 #include <memory>
 #include <optional>
 
-class QThreadPool;
-
 namespace Tavelo
 {
 
 class HttpTransport;
 class MacBackend;
 class SupabaseClient;
+class WorkPool;
 
 /// The one object behind every screen: what the window shows, and what a person can do there.
 ///
@@ -117,7 +116,7 @@ public:
 
     /// Starts up: everything here is on screen with the first frame, and nothing of it starts a process or asks the
     /// network. `pool` does the work that blocks, needs a thread for each task, and must outlive the view model.
-    DeskrigViewModel(const PlatformServices &services, std::unique_ptr<HttpTransport> transport, QThreadPool &pool);
+    DeskrigViewModel(const PlatformServices &services, std::unique_ptr<HttpTransport> transport, WorkPool &pool);
     ~DeskrigViewModel() override;
     Q_DISABLE_COPY_MOVE(DeskrigViewModel)
 
@@ -393,7 +392,7 @@ private:
                              bool presentWhenReady);
     void logChecks(const QList<SystemCheck> &checks);
     void setReport(const QString &text, const QList<InstalledMacApplication> &applications);
-    void keepReport();
+    void markReportMade();
 
     // DeskrigViewModelExport.cpp
     void finishPDFExport(const QString &path);
@@ -408,7 +407,7 @@ private:
 
     PlatformServices m_services;
     AppRuntime m_runtime;
-    QThreadPool &m_pool;
+    WorkPool &m_pool;
     ReportSnapshotStore m_snapshots;
     std::shared_ptr<const MacBackend> m_backend;
     std::unique_ptr<SupabaseClient> m_cloud;

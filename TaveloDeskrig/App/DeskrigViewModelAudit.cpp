@@ -5,8 +5,7 @@
 #include "MacBackend.h"
 #include "ProgressArithmetic.h"
 #include "ScanThrottle.h"
-
-#include <QThreadPool>
+#include "WorkPool.h"
 
 using namespace Qt::StringLiterals;
 
@@ -108,12 +107,10 @@ void DeskrigViewModel::setReport(const QString &text, const QList<InstalledMacAp
     m_isReportRefreshing = false;
 }
 
-/// Marks the report as made just now, and keeps it for the next start.
-void DeskrigViewModel::keepReport()
+void DeskrigViewModel::markReportMade()
 {
     m_hasReportSnapshot = true;
     m_reportSnapshotDate = m_services.clock->now();
-    saveReportSnapshot();
 }
 
 void DeskrigViewModel::finishReportScan(const QString &text, const QList<InstalledMacApplication> &applications,
@@ -125,7 +122,7 @@ void DeskrigViewModel::finishReportScan(const QString &text, const QList<Install
     m_auditProgress = 1;
     m_auditProgressText = ProgressArithmetic::percentText(1);
     m_auditProgressDetailText = strings().auditScanProgress(applications.size(), applications.size(), 100);
-    keepReport();
+    markReportMade();
     m_currentAction = strings().auditComplete(applications.size());
     appendLog(u"Hoàn tất kiểm kê macOS: %1 phần mềm, %2 mục có key/receipt, %3 mục không cần key, %4 mục không phát "
               u"hiện key."_s.arg(applications.size())
@@ -194,7 +191,7 @@ void DeskrigViewModel::finishPrepareReport(const QString &text, const QList<Inst
                                            bool presentWhenReady)
 {
     setReport(text, applications);
-    keepReport();
+    markReportMade();
     m_currentAction = label(ScreenText::reportWritten);
     if (presentWhenReady)
         showToast(m_currentAction, ToastMessage::Kind::success);

@@ -5,8 +5,7 @@
 #include "MacBackend.h"
 #include "ReleaseDownloadPolicy.h"
 #include "SupabaseClient.h"
-
-#include <QThreadPool>
+#include "WorkPool.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,8 +5,7 @@
 #include "DesktopServices.h"
 #include "FileManager.h"
 #include "MacReportPDF.h"
-
-#include <QThreadPool>
+#include "WorkPool.h"
 
 using namespace Qt::StringLiterals;
 
@@ -69,7 +68,8 @@ void DeskrigViewModel::exportReportPDF(const QUrl &file)
 void DeskrigViewModel::finishPDFExport(const QString &path)
 {
     m_isReportRefreshing = false;
-    keepReport();
+    markReportMade();
+    saveReportSnapshot(); // what was exported is what the next start shows
     m_pool.start([desktop = m_services.desktop, path] { desktop->open(path); });
     m_currentAction = label(ScreenText::pdfExported);
     showToast(m_currentAction, ToastMessage::Kind::success);

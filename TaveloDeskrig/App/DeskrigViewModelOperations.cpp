@@ -7,8 +7,7 @@
 #include "MacBackend.h"
 #include "ProgressArithmetic.h"
 #include "SystemFacts.h"
-
-#include <QThreadPool>
+#include "WorkPool.h"
 
 #include <algorithm>
 

@@ -2,7 +2,6 @@
 
 #include "Clock.h"
 #include "FileManager.h"
-#include "InventoryText.h"
 #include "MainQueue.h"
 
 #include <algorithm>
@@ -15,6 +14,16 @@ namespace
 
 constexpr mode_t folderMode = 0700;
 constexpr mode_t fileMode = 0600;
+
+/// Line ends and tabs stay; what else could drive a terminal reads as a blank.
+QString printable(QString text)
+{
+    for (QChar &character : text) {
+        if (character.category() == QChar::Other_Control && character != u'\n' && character != u'\t')
+            character = u' ';
+    }
+    return text;
+}
 
 /// Creates what is missing, with modes private to the user. The folder's mode is best effort: it may belong to another.
 bool prepare(const FileManager &files, const QString &folder, const QString &file, FileError *error)
@@ -37,15 +46,15 @@ OperationLog::OperationLog(PlatformServices services, const AppRuntime &runtime,
     prepare(*m_services.files, m_folder, m_file, nullptr);
 }
 
-void OperationLog::log(const QString &line) const
+void OperationLog::log(const QString &text) const
 {
     const QString time = m_services.clock->now().toString(QStringLiteral("HH:mm:ss"));
-    const QString text = QStringLiteral("[%1] ").arg(time) + withoutControls(line);
+    const QString entry = QStringLiteral("[%1] ").arg(time) + printable(text);
     FileError error;
     if (!prepare(*m_services.files, m_folder, m_file, &error) ||
-        !m_services.files->append(m_file, text.toUtf8() + '\n', &error))
+        !m_services.files->append(m_file, entry.toUtf8() + '\n', &error))
         queueForInterface(QStringLiteral("[%1] Không ghi được log file: ").arg(time) + error.text);
-    queueForInterface(text);
+    queueForInterface(entry);
 }
 
 void OperationLog::progress(const QString &message, std::optional<double> fraction) const

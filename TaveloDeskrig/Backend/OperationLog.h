@@ -27,10 +27,10 @@ public:
     /// Makes the log's folder and file ready; what fails here shows at the first line.
     OperationLog(PlatformServices services, const AppRuntime &runtime, UiLog uiLog, UiProgress uiProgress);
 
-    /// Writes the line before it returns, and queues it for the interface. It stays one line whatever it says: each run
-    /// of control characters and line separators in it reads as a blank. A file that cannot be written is told to the
-    /// interface and stops nothing.
-    void log(const QString &line) const;
+    /// Writes the text before it returns, and queues it for the interface. Line ends and tabs stay as they are; any
+    /// other control character reads as a blank, since a terminal may show the line. A file that cannot be written is
+    /// told to the interface and stops nothing.
+    void log(const QString &text) const;
 
     /// Logs the step as a "PROGRESS" line and queues it for the interface. The fraction is clamped to 0…1; its
     /// percentage is cut, not rounded.

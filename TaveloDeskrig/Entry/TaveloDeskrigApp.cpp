@@ -4,11 +4,11 @@
 #include "DeskrigViewModel.h"
 #include "DeskrigWindow.h"
 #include "NetworkTransport.h"
+#include "WorkPool.h"
 
 #include <QGuiApplication>
 #include <QOpenGLContext>
 #include <QQuickWindow>
-#include <QThreadPool>
 
 #include <cstdlib>
 #include <memory>
@@ -60,12 +60,12 @@ int run()
     const std::unique_ptr<QGuiApplication> application = makeApplication();
     chooseRenderer();
     // Not on the stack: a pool that goes waits for its threads, and one of them may wait for a tool for hours.
-    auto *const pool = new QThreadPool;
-    pool->setMaxThreadCount(16);
+    auto *const pool = new WorkPool;
+    pool->holdBack();
     int status = EXIT_FAILURE;
     {
         DeskrigViewModel model(PlatformServices::make(), std::make_unique<NetworkTransport>(), *pool);
-        const DeskrigWindow window(model);
+        const DeskrigWindow window(model, [pool] { pool->letGo(); });
         if (window.window())
             status = QGuiApplication::exec();
     }

@@ -1,10 +1,8 @@
 #include "ReportFonts.h"
 
-#include "OpenTypeFont.h"
-
 #include <QDir>
-#include <QFile>
 #include <QFontDatabase>
+#include <QResource>
 
 #include <mutex>
 
@@ -14,24 +12,8 @@ namespace Tavelo::ReportFonts
 namespace
 {
 
-/// The compiled-in Inter under a name of its own, since an Inter that is installed on the machine would come first.
+/// What the compiled-in Inter calls itself (see Reports/CMakeLists.txt).
 const QString interFamily = QStringLiteral("Audit");
-
-void registerInter()
-{
-    const QDir folder(QStringLiteral(":/fonts"));
-    const QStringList names = folder.entryList();
-    for (const QString &name : names) {
-        QFile file(folder.filePath(name));
-        if (!file.open(QIODevice::ReadOnly))
-            continue;
-        QByteArray font = OpenTypeFont::withFamily(file.readAll(), QStringLiteral("Inter"), interFamily);
-        // The glyphs that contextual alternates put in place of others (the raised colon of "10:30") belong to no
-        // character, and a PDF viewer could neither find nor copy them.
-        font = OpenTypeFont::withoutFeature(font, "calt");
-        QFontDatabase::addApplicationFontFromData(font);
-    }
-}
 
 /// Who writes Chinese characters how.
 struct ChineseCharacters {
@@ -61,7 +43,7 @@ ChineseCharacters chineseCharacters(AppLanguage language)
 QFont font(AppLanguage language)
 {
     static std::once_flag registered;
-    std::call_once(registered, registerInter);
+    std::call_once(registered, [] { registerCompiledIn(QStringLiteral(":/fonts")); });
     const ChineseCharacters chinese = chineseCharacters(language);
     QStringList families;
 #ifdef Q_OS_MACOS
@@ -73,6 +55,17 @@ QFont font(AppLanguage language)
     font.setStyleHint(chinese.hint);
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
+}
+
+void registerCompiledIn(const QString &folder)
+{
+    const QStringList names = QDir(folder).entryList();
+    for (const QString &name : names) {
+        const QResource font(folder + QLatin1Char('/') + name);
+        Q_ASSERT(font.compressionAlgorithm() == QResource::NoCompression);
+        QFontDatabase::addApplicationFontFromData(
+            QByteArray::fromRawData(reinterpret_cast<const char *>(font.data()), font.size()));
+    }
 }
 
 } // namespace Tavelo::ReportFonts

@@ -109,7 +109,7 @@ QImage fallbackAppLogo()
 
 QRectF fittedRect(const QSizeF &imageSize, const QRectF &rect)
 {
-    const auto ratio = [](double room, double size) { return room / (size >= 1 ? size : room); };
+    const auto ratio = [](double room, double size) { return room / std::max(size, 1.); };
     const double scale = std::min(ratio(rect.width(), imageSize.width()), ratio(rect.height(), imageSize.height()));
     QRectF result(QPointF(), imageSize * scale);
     result.moveCenter(rect.center());

@@ -47,6 +47,16 @@ Rectangle {
             remove();
     }
 
+    function makeProgress() {
+        if (isAtWork && progress.status === Loader.Null)
+            progress.setSource("ItemProgress.qml", {
+                "row": row
+            });
+    }
+
+    onIsAtWorkChanged: makeProgress()
+    Component.onCompleted: makeProgress()
+
     implicitHeight: column.implicitHeight + 20
     radius: Design.radius
     color: Design.card
@@ -167,24 +177,12 @@ Rectangle {
                 }
             }
         }
-        RowLayout {
-            visible: row.isAtWork
-            spacing: 8
-            Layout.leftMargin: 78
+        Loader {
+            id: progress
 
-            TaveloProgressBar {
-                share: row.itemProgress
-                implicitHeight: 6
-                Accessible.name: row.name
-                Layout.fillWidth: true
-            }
-            DeskText {
-                text: row.itemProgressText
-                font.pixelSize: 11
-                font.weight: Font.Bold
-                horizontalAlignment: Text.AlignRight
-                Layout.preferredWidth: 40
-            }
+            visible: row.isAtWork
+            Layout.leftMargin: 78
+            Layout.fillWidth: true
         }
     }
 }

@@ -44,7 +44,7 @@ Item {
 
         anchors.fill: parent
         anchors.leftMargin: 14
-        anchors.rightMargin: 24
+        anchors.rightMargin: 14
         anchors.topMargin: 10
         anchors.bottomMargin: 10
         spacing: 8

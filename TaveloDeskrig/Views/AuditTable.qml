@@ -25,7 +25,7 @@ Rectangle {
         RowLayout {
             spacing: 8
             Layout.leftMargin: 14
-            Layout.rightMargin: 24
+            Layout.rightMargin: 14
             Layout.preferredHeight: 34
 
             TableTitle {

@@ -43,6 +43,15 @@ Rectangle {
                 size: 22
                 color: banner.tint
             }
+            Text {
+                anchors.centerIn: parent
+                text: Symbols.mark(banner.symbol)
+                color: "white"
+                font.pixelSize: 17
+                font.weight: Font.Black
+                textFormat: Text.PlainText
+                Accessible.ignored: true
+            }
         }
     }
 }

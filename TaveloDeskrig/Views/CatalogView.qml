@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Layouts
 import Tavelo.Views
@@ -21,25 +19,17 @@ ColumnLayout {
     }
     Reveal {
         shown: catalog.viewModel.updateRequired
+        view: "ForceUpdateBanner.qml"
+        viewModel: catalog.viewModel
         gap: 12
         Layout.fillWidth: true
-
-        ForceUpdateBanner {
-            objectName: "force-update-banner"
-            width: parent.width
-            viewModel: catalog.viewModel
-        }
     }
     Reveal {
         shown: catalog.viewModel.showOperationProgress
+        view: "OperationProgressBanner.qml"
+        viewModel: catalog.viewModel
         gap: 12
         Layout.fillWidth: true
-
-        OperationProgressBanner {
-            objectName: "operation-banner"
-            width: parent.width
-            viewModel: catalog.viewModel
-        }
     }
     ItemList {
         objectName: "item-list"
@@ -49,10 +39,10 @@ ColumnLayout {
         Layout.fillHeight: true
         Layout.topMargin: 12
     }
-    LogDrawerView {
-        objectName: "log-drawer"
+    Lazily {
+        needed: catalog.viewModel.showLogDrawer
+        view: "LogDrawerView.qml"
         viewModel: catalog.viewModel
-        visible: catalog.viewModel.showLogDrawer
         Layout.fillWidth: true
         Layout.leftMargin: 28
         Layout.rightMargin: 28

@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import Tavelo.Views
 
@@ -19,9 +17,11 @@ FocusScope {
         visible: !content.isAudit
         viewModel: content.viewModel
     }
-    AuditWorkspaceView {
+    Lazily {
         anchors.fill: parent
-        visible: content.isAudit
+        needed: content.isAudit
+        focus: needed
+        view: "AuditWorkspaceView.qml"
         viewModel: content.viewModel
     }
 }

@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Controls.Basic
 import QtQuick.Templates as T
 import Tavelo.Views
 
@@ -32,13 +31,17 @@ T.Button {
     font.pixelSize: 12
     font.weight: Font.DemiBold
     Accessible.description: help
-    ToolTip.text: help
-    ToolTip.visible: help !== "" && hovered
-    ToolTip.delay: 700
 
     function press(event: KeyEvent) {
         if (!event.isAutoRepeat)
             control.clicked();
+    }
+
+    onHoveredChanged: {
+        if (hovered && help !== "" && tip.status === Loader.Null)
+            tip.setSource("HelpTip.qml", {
+                "button": control
+            });
     }
 
     Keys.onReturnPressed: event => press(event)
@@ -46,6 +49,9 @@ T.Button {
 
     HoverHandler {
         cursorShape: Qt.PointingHandCursor
+    }
+    Loader {
+        id: tip
     }
 
     contentItem: ButtonContent {

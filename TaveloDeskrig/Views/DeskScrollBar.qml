@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Templates as T
-import Tavelo.Views
 
 // A thin bar that shows where in a list one is.
 T.ScrollBar {

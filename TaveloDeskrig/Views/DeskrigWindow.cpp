@@ -11,6 +11,8 @@
 #include <QQuickWindow>
 #include <QTimer>
 
+#include <chrono>
+
 using namespace Qt::StringLiterals;
 
 void qml_register_types_Tavelo_Views();
@@ -34,9 +36,25 @@ void announce(const QQuickWindow &window, const QString &objectName)
     }
 }
 
+/// Calls once after the first frame, which a window that is not to be seen yet does not draw.
+void callAfterFirstFrame(QQuickWindow &window, const std::function<void()> &call)
+{
+    constexpr std::chrono::milliseconds longest{2000};
+    auto *const once = new QTimer(&window);
+    once->setSingleShot(true);
+    QObject::connect(once, &QTimer::timeout, once, [once, call] {
+        once->deleteLater();
+        call();
+    });
+    QObject::connect(
+        &window, &QQuickWindow::frameSwapped, once, [once] { once->start(0); }, Qt::SingleShotConnection);
+    once->start(longest);
+}
+
 } // namespace
 
-DeskrigWindow::DeskrigWindow(DeskrigViewModel &model) : m_engine(std::make_unique<Engine>())
+DeskrigWindow::DeskrigWindow(DeskrigViewModel &model, const std::function<void()> &onFirstFrame)
+    : m_engine(std::make_unique<Engine>())
 {
     volatile const auto registration = &qml_register_types_Tavelo_Views; // keeps the linker from leaving it out
     Q_UNUSED(registration)
@@ -63,11 +81,16 @@ DeskrigWindow::DeskrigWindow(DeskrigViewModel &model) : m_engine(std::make_uniqu
                 announce(*window, u"toast"_s);
         },
         Qt::QueuedConnection);
-    // The status line may change many times at once; what it says in the end is enough.
+    // The status line may change many times at once; what it says in the end is enough. A toast tells the same in its
+    // own words, so that no one is to hear both.
     auto *const status = new QTimer(window);
     status->setSingleShot(true);
-    QObject::connect(status, &QTimer::timeout, window, [window] { announce(*window, u"status-line"_s); });
+    QObject::connect(status, &QTimer::timeout, window, [window, &model] {
+        if (!model.toast().isShown())
+            announce(*window, u"status-line"_s);
+    });
     QObject::connect(&model, &DeskrigViewModel::currentActionChanged, status, qOverload<>(&QTimer::start));
+    callAfterFirstFrame(*window, onFirstFrame);
     window->show();
 }
 

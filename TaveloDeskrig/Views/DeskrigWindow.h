@@ -2,6 +2,7 @@
 
 #include <QtGlobal>
 
+#include <functional>
 #include <memory>
 
 class QQuickWindow;
@@ -15,8 +16,10 @@ class DeskrigViewModel;
 class DeskrigWindow
 {
 public:
-    /// Makes the window and shows it. Needs the GUI application object.
-    explicit DeskrigWindow(DeskrigViewModel &model);
+    /// Makes the window and shows it; needs the GUI application object. `onFirstFrame` is called once, when the first
+    /// frame is in sight, or a while later if there is none, as of a window that starts out of sight.
+    explicit DeskrigWindow(
+        DeskrigViewModel &model, const std::function<void()> &onFirstFrame = [] {});
     ~DeskrigWindow();
     Q_DISABLE_COPY_MOVE(DeskrigWindow)
 

@@ -8,6 +8,7 @@ Banner {
 
     required property DeskrigViewModel viewModel
 
+    objectName: "force-update-banner"
     symbol: "exclamationmark.shield.fill"
     tint: Design.danger
     tintFill: Design.dangerTint

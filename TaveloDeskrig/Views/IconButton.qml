@@ -3,6 +3,8 @@ import Tavelo.Views
 
 // A button that is a symbol alone; its help is its name.
 DeskButton {
+    id: button
+
     implicitWidth: 28
     leftPadding: 0
     rightPadding: 0
@@ -12,4 +14,10 @@ DeskButton {
     pressedFill: Design.pressed
     Accessible.name: help
     Accessible.description: ""
+
+    contentItem: SymbolIcon {
+        symbol: button.symbol
+        size: button.symbolSize
+        color: button.symbolColor
+    }
 }

@@ -3,6 +3,8 @@ import Tavelo.Views
 
 // The main button of an item.
 DeskButton {
+    id: button
+
     property bool primary: true
 
     foreground: "white"
@@ -13,4 +15,12 @@ DeskButton {
     leftPadding: 6
     rightPadding: 6
     font.weight: Font.ExtraBold
+
+    contentItem: DeskText {
+        text: button.text
+        font: button.font
+        color: button.foreground
+        horizontalAlignment: Text.AlignHCenter
+        Accessible.ignored: true
+    }
 }

@@ -8,6 +8,8 @@ import Tavelo.Views
 Rectangle {
     id: drawer
 
+    objectName: "log-drawer"
+
     required property DeskrigViewModel viewModel
 
     implicitHeight: 130

@@ -1,5 +1,3 @@
-pragma ComponentBehavior: Bound
-
 import QtQuick
 import QtQuick.Layouts
 import Tavelo.Views
@@ -39,13 +37,19 @@ FocusScope {
         }
     }
 
-    SheetHost {
+    Lazily {
+        needed: main.viewModel.sheetKind !== Sheets.SheetKind.none
+        view: "SheetHost.qml"
         viewModel: main.viewModel
     }
-    RemovePrompt {
+    Lazily {
+        needed: main.viewModel.removePromptShown
+        view: "RemovePrompt.qml"
         viewModel: main.viewModel
     }
-    ToastHost {
+    Lazily {
+        needed: main.viewModel.toast.isShown
+        view: "ToastHost.qml"
         viewModel: main.viewModel
     }
 }

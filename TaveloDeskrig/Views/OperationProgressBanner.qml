@@ -8,6 +8,7 @@ Banner {
 
     required property DeskrigViewModel viewModel
 
+    objectName: "operation-banner"
     symbol: "arrow.down.circle.fill"
     color: "#fff4ef"
     line: "#fbd9cc"

@@ -11,8 +11,10 @@ Rectangle {
     property alias fontSizeMode: label.fontSizeMode
     property alias elide: label.elide
     property real horizontalPadding: 8
+    /// Fonts have whole sizes; a size between two is a larger one drawn to scale.
+    property real textScale: 1
 
-    implicitWidth: Math.ceil(label.implicitWidth) + 2 * horizontalPadding
+    implicitWidth: Math.ceil(label.implicitWidth * textScale) + 2 * horizontalPadding
     implicitHeight: 22
     radius: Design.radius
     color: tone.fill
@@ -22,9 +24,10 @@ Rectangle {
     DeskText {
         id: label
 
-        anchors.fill: parent
-        anchors.leftMargin: pill.horizontalPadding
-        anchors.rightMargin: pill.horizontalPadding
+        anchors.centerIn: parent
+        width: (parent.width - 2 * pill.horizontalPadding) / scale
+        height: parent.height / scale
+        scale: pill.textScale
         text: pill.text
         color: pill.tone.text
         horizontalAlignment: Text.AlignHCenter

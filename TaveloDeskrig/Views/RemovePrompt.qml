@@ -11,8 +11,13 @@ DeskDialog {
     visible: viewModel.removePromptShown
     onAboutToShow: message = viewModel.removePromptMessage
 
-    contentItem: RemoveQuestion {
-        viewModel: prompt.viewModel
+    contentItem: Question {
+        title: prompt.viewModel.strings.text(Labels.AppI18nKey.removePromptTitle)
         message: prompt.message
+        cancelText: prompt.viewModel.strings.text(Labels.AppI18nKey.cancel)
+        confirmText: prompt.viewModel.strings.text(Labels.AppI18nKey.remove)
+        buttonPrefix: "remove"
+        onCancelled: prompt.viewModel.cancelUninstall()
+        onConfirmed: prompt.viewModel.confirmPendingUninstall()
     }
 }

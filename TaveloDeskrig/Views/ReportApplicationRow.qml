@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Tavelo.Views
 
 // One record of the report's table.
-Rectangle {
+Item {
     id: row
 
     required property int number
@@ -16,12 +16,22 @@ Rectangle {
     required property string licenseState
     required property string licenseText
 
+    readonly property bool isLast: number === ListView.view.count
+
     implicitHeight: 34
-    color: Design.card
     Accessible.role: Accessible.ListItem
     Accessible.name: "%1 %2".arg(number).arg(name)
     Accessible.description: "%1, %2".arg(signatureText).arg(licenseText)
 
+    // Within the card's border and its rounded corners.
+    Rectangle {
+        anchors.fill: parent
+        anchors.leftMargin: 1
+        anchors.rightMargin: 1
+        anchors.bottomMargin: row.isLast ? 1 : 0
+        radius: row.isLast ? Design.radius - 1 : 0
+        color: Design.card
+    }
     ReportColumns {
         anchors.fill: parent
         anchors.leftMargin: 12
@@ -81,9 +91,12 @@ Rectangle {
         }
     }
     Rectangle {
+        visible: !row.isLast
         anchors.left: parent.left
         anchors.right: parent.right
         anchors.bottom: parent.bottom
+        anchors.leftMargin: 1
+        anchors.rightMargin: 1
         height: 1
         color: "#e1e7ef"
     }

@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Tavelo.Views
 
 // What the report will say, who makes it for whom, and its export.
@@ -49,51 +48,14 @@ SheetView {
         viewModel: sheet.viewModel
         Layout.fillWidth: true
     }
-    ListView {
+    ReportList {
         id: list
 
         objectName: "report-list"
-        clip: true
+        viewModel: sheet.viewModel
         focus: true
-        boundsBehavior: Flickable.StopAtBounds
-        cacheBuffer: 0
-        reuseItems: true
-        // The form has the keyboard; no row ever takes it.
-        keyNavigationEnabled: false
-        currentIndex: -1
-        model: sheet.viewModel.reportApplications
         Layout.fillWidth: true
         Layout.fillHeight: true
-
-        T.ScrollBar.vertical: DeskScrollBar {}
-
-        function scrollTo(y: real) {
-            contentY = Math.max(originY, Math.min(y, originY + contentHeight - height));
-        }
-        function reveal(item: Item) {
-            const top = item.mapToItem(contentItem, 0, 0).y - 12;
-            const bottom = top + item.height + 24;
-            if (top < contentY)
-                scrollTo(top);
-            else if (bottom > contentY + height)
-                scrollTo(bottom - height);
-        }
-        function turnPage(direction: int) {
-            scrollTo(contentY + direction * (height - 34));
-        }
-
-        // A list of Qt 6.4 makes no bound header, and one that is not bound is held to be unqualified.
-        // qmllint disable unqualified
-        header: ReportParts {
-            viewModel: sheet.viewModel
-            focus: true
-            width: list.width - 10
-            z: 2
-        }
-        // qmllint enable unqualified
-        delegate: ReportApplicationRow {
-            width: ListView.view.width - 10
-        }
     }
     RowLayout {
         spacing: 10
@@ -127,6 +89,5 @@ SheetView {
 
     SavePanel {
         viewModel: sheet.viewModel
-        Layout.topMargin: -sheet.spacing
     }
 }

@@ -9,7 +9,12 @@ FocusScope {
 
     required property string label
     required property string text
+    property alias validator: input.validator
     signal edited(string text)
+
+    function selectFirst(length: int) {
+        input.select(0, length);
+    }
 
     implicitHeight: column.implicitHeight
 

@@ -9,5 +9,6 @@ Pill {
     horizontalPadding: 6
     implicitHeight: 18
     radius: 9
-    font.pixelSize: 9
+    textScale: 0.5
+    font.pixelSize: 17
 }

@@ -9,6 +9,8 @@ FocusScope {
     id: parts
 
     required property DeskrigViewModel viewModel
+    required property real titlesHeight
+    readonly property real tableHeight: tableHead.height
     readonly property appStrings strings: viewModel.strings
 
     implicitHeight: column.implicitHeight
@@ -91,8 +93,11 @@ FocusScope {
             }
         }
         ReportTableHead {
+            id: tableHead
+
             visible: parts.viewModel.hasReportSnapshot
             strings: parts.strings
+            titlesHeight: parts.titlesHeight
             Layout.fillWidth: true
         }
         EmptyState {

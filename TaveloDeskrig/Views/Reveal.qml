@@ -1,16 +1,17 @@
 import QtQuick
 import Tavelo.Views
 
-// Lets what it holds come in from the upper edge, and go, with the gap above it.
+// Lets a view come in from the upper edge, and go, with the gap above it.
 Item {
     id: reveal
 
     required property bool shown
+    required property url view
+    required property DeskrigViewModel viewModel
     property real gap: 0
-    default property alias content: holder.data
     property real share: shown ? 1 : 0
 
-    implicitHeight: share * (gap + holder.childrenRect.height)
+    implicitHeight: share * (gap + holder.height)
     visible: share > 0
     opacity: share
     clip: true
@@ -22,11 +23,13 @@ Item {
         }
     }
 
-    Item {
+    Lazily {
         id: holder
 
+        needed: reveal.share > 0
+        view: reveal.view
+        viewModel: reveal.viewModel
         width: reveal.width
-        y: reveal.height - childrenRect.height
-        height: childrenRect.height
+        y: reveal.height - height
     }
 }

@@ -1,36 +1,13 @@
 import QtQuick
-import QtQuick.Dialogs
 import Tavelo.Views
 
-// Asks where the PDF goes.
-Item {
-    id: panel
-
+// Asks where the PDF goes: a Mac with its own panel, any other system with the window's, since what it has speaks a
+// language of its own and replaces a file unasked. Takes no place where it stands.
+Loader {
     required property DeskrigViewModel viewModel
 
-    Connections {
-        target: panel.viewModel
-
-        function onSavePanelShownChanged() {
-            if (panel.viewModel.savePanelShown) {
-                dialog.selectedFile = panel.viewModel.savePanelFile;
-                dialog.open();
-            } else {
-                dialog.close();
-            }
-        }
-    }
-    FileDialog {
-        id: dialog
-
-        objectName: "save-panel"
-        title: panel.viewModel.strings.screenText(Screens.ScreenText.exportPDF)
-        fileMode: FileDialog.SaveFile
-        acceptLabel: title
-        rejectLabel: panel.viewModel.strings.text(Labels.AppI18nKey.cancel)
-        nameFilters: ["PDF (*.pdf)"]
-        defaultSuffix: "pdf"
-        onAccepted: panel.viewModel.exportReportPDF(selectedFile)
-        onRejected: panel.viewModel.cancelReportPDFExport()
-    }
+    visible: false
+    Component.onCompleted: setSource(Qt.platform.os === "osx" ? "MacSavePanel.qml" : "SavePrompt.qml", {
+        "viewModel": viewModel
+    })
 }

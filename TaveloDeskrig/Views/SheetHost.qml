@@ -29,14 +29,20 @@ DeskDialog {
     implicitWidth: loader.implicitWidth
     implicitHeight: loader.implicitHeight
     visible: kind !== Sheets.SheetKind.none
+    onKindChanged: take()
+    onClosed: loader.source = ""
+    Component.onCompleted: {
+        if (loader.status === Loader.Null) // the kind may have been told by now
+            take();
+    }
+
     // A sheet of the kind that is open already stays: it shows what the view model holds.
-    onKindChanged: {
+    function take() {
         if (kind !== Sheets.SheetKind.none)
             loader.setSource(sourceOf(kind), {
                 "viewModel": viewModel
             });
     }
-    onClosed: loader.source = ""
 
     Loader {
         id: loader

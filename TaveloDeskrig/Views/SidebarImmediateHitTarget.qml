@@ -1,5 +1,4 @@
 import QtQuick
-import Tavelo.Views
 
 // Acts when the button goes down, not when it comes up: a change of screen starts at the press.
 MouseArea {

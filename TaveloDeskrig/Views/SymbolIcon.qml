@@ -14,14 +14,4 @@ Text {
     horizontalAlignment: Text.AlignHCenter
     verticalAlignment: Text.AlignVCenter
     Accessible.ignored: true
-
-    Text {
-        anchors.centerIn: parent
-        text: Symbols.mark(parent.symbol)
-        color: "white"
-        font.pixelSize: Math.round(0.75 * parent.size)
-        font.weight: Font.Black
-        textFormat: Text.PlainText
-        Accessible.ignored: true
-    }
 }

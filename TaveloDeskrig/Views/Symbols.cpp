@@ -1,7 +1,10 @@
 #include "Symbols.h"
 
-#include <QFontDatabase>
+#include "ReportFonts.h"
+
 #include <QHash>
+
+#include <mutex>
 
 using namespace Qt::StringLiterals;
 
@@ -21,6 +24,7 @@ const QHash<QString, char16_t> &glyphs()
         {u"arrow.down.circle.fill"_s, 0xF047},
         {u"arrow.down.doc.fill"_s, 0xF21D},
         {u"arrow.down.to.line"_s, 0xF1DA},
+        {u"arrow.up"_s, 0xF05D},
         {u"briefcase"_s, 0xF0D6},
         {u"bubble.left.and.bubble.right"_s, 0xF28C},
         {u"camera.viewfinder"_s, 0xF2F2},
@@ -104,11 +108,9 @@ QStringList Symbols::names()
 
 QString Symbols::family()
 {
-    static const QString family = [] {
-        const int font = QFontDatabase::addApplicationFont(u":/symbols/symbols.ttf"_s);
-        return QFontDatabase::applicationFontFamilies(font).value(0);
-    }();
-    return family;
+    static std::once_flag registered;
+    std::call_once(registered, [] { ReportFonts::registerCompiledIn(u":/symbols"_s); });
+    return u"Tavelo Deskrig Symbol"_s;
 }
 
 } // namespace Tavelo

@@ -10,8 +10,8 @@ T.Popup {
 
     required property DeskrigViewModel viewModel
     readonly property bool shown: viewModel.toast.isShown
-    property string text: ""
-    property int kind: 0
+    property string text: viewModel.toast.text
+    property int kind: viewModel.toast.kind
     property real offset: 0
 
     parent: T.Overlay.overlay
@@ -60,15 +60,21 @@ T.Popup {
         }
     }
 
+    Component.onCompleted: take()
+
+    // What goes keeps its words until it is gone.
+    function take() {
+        if (!shown)
+            return;
+        text = viewModel.toast.text;
+        kind = viewModel.toast.kind;
+    }
+
     Connections {
         target: host.viewModel
 
-        // What goes keeps its words until it is gone.
         function onToastChanged() {
-            if (!host.shown)
-                return;
-            host.text = host.viewModel.toast.text;
-            host.kind = host.viewModel.toast.kind;
+            host.take();
         }
     }
 }

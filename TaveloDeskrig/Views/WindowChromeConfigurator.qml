@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Window
-import Tavelo.Views
 
 // Gives the window its smallest size and its place.
 Item {

@@ -4,10 +4,14 @@
 #include "GatedLauncher.h"
 #include "Golden.h"
 #include "ProgramOnAMac.h"
+#include "RefusingFiles.h"
+#include "UserDefaults.h"
 #include "WatchedViewModel.h"
 
 #include <QFileInfo>
 #include <QTest>
+
+#include <cerrno>
 
 using namespace Qt::StringLiterals;
 using namespace Tavelo;
@@ -16,6 +20,7 @@ namespace
 {
 
 const QString supportFolder = u"/Users/technician/Library/Application Support/Tavelo Deskrig"_s;
+const QString pdfFile = u"/Users/technician/Documents/a.pdf"_s;
 const QString snapshotFile = supportFolder + u"/Reports/report-snapshot.json"_s;
 
 /// The view model of a Mac with two applications, whose report waits at a gate for the hardware's description.
@@ -75,16 +80,17 @@ void AuditFlowTest::transcript()
     model->show(Sheet(Sheet::Kind::systemChecks));
     model->refreshChecks(true);
     scene(u"system check in its sheet"_s);
+    QVERIFY(!audit.mac.exists(snapshotFile));
     model->startReportPDFExport();
     model->setReportProfile({.inspectorName = u"Lan"_s, .subject = u"Audit"_s});
     model->startReportPDFExport();
     QCOMPARE(model->savePanelFolder(), QUrl::fromLocalFile(audit.mac.hostPath(u"/Users/technician/Documents"_s)));
     audit.mac.takeCalls();
-    model->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(u"/Users/technician/Documents/a.pdf"_s)));
+    model->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(pdfFile)));
     scene(u"export"_s);
     QCOMPARE(differencesFromGolden(u"view-model-audit.txt"_s, transcript.toUtf8()), QByteArray());
-    QVERIFY(audit.mac.contents(u"/Users/technician/Documents/a.pdf"_s).startsWith("%PDF"));
-    QCOMPARE(audit.mac.takeCalls(), QStringList(u"open /Users/technician/Documents/a.pdf"_s));
+    QVERIFY(audit.mac.contents(pdfFile).startsWith("%PDF"));
+    QCOMPARE(audit.mac.takeCalls(), QStringList(u"open "_s + pdfFile));
     QCOMPARE(ReportSnapshotStore(audit.services, AppRuntime(audit.services)).load()->createdAt,
              model->reportSnapshotDate());
 }
@@ -175,11 +181,14 @@ void AuditFlowTest::failures()
     QVERIFY(!model->hasReportSnapshot());
     QCOMPARE(model->reportText(), QString());
 
-    // A snapshot that cannot be kept is told in the log, and the report shows all the same.
+    // A snapshot that cannot be kept is told in the log, and the PDF is exported all the same.
     QVERIFY(audit.services.files->remove(model->reportPath()) && audit.services.files->createFolder(snapshotFile));
     model->scanMac();
+    audit.settled();
+    model->setReportProfile({.inspectorName = u"L"_s, .subject = u"S"_s});
+    model->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(pdfFile)));
     QVERIFY(audit.settled().contains(u"log: Không lưu được report snapshot an toàn: Is a directory"_s));
-    QVERIFY(model->hasReportSnapshot());
+    QVERIFY(audit.mac.exists(pdfFile));
 }
 
 void AuditFlowTest::exportGuards()
@@ -200,13 +209,12 @@ void AuditFlowTest::exportGuards()
     audit.settled();
     model->cancelReportPDFExport();
     QCOMPARE(audit.settled(), QStringList(u"savePanelShown = false"_s));
-    const QByteArray before = audit.mac.contents(snapshotFile);
     model.advance(std::chrono::seconds(10));
     model->startReportPDFExport();
     model->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(u"/nowhere/a.pdf"_s)));
     QCOMPARE(audit.settled().last(2), QStringList({u"currentAction = Không thể tạo tài liệu PDF."_s,
                                                    u"toast = failure: Không thể tạo tài liệu PDF."_s}));
-    QCOMPARE(audit.mac.contents(snapshotFile), before);
+    QVERIFY(!audit.mac.exists(snapshotFile));
     QVERIFY(model->hasReportSnapshot());
 }
 
@@ -215,15 +223,34 @@ void AuditFlowTest::nextStart()
     Audit audit;
     (*audit.model)->scanMac();
     audit.settled();
-    (*audit.model)->setReportProfile({.inspectorName = u"Lan"_s});
-    (*audit.model)->saveReportProfile();
+    const MacReportProfile profile{.inspectorName = u"Lan"_s, .subject = u"Audit"_s};
+    (*audit.model)->setReportProfile(profile);
+    (*audit.model)->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(pdfFile)));
+    audit.settled();
+    const QString text = (*audit.model)->reportText();
+    const QDateTime date = (*audit.model)->reportSnapshotDate();
     audit.model.emplace(audit.services);
     WatchedViewModel &model = *audit.model;
-    QCOMPARE(model->reportProfile(), MacReportProfile{.inspectorName = u"Lan"_s});
+    QCOMPARE(model->reportProfile(), profile);
     QVERIFY(model->hasReportSnapshot());
+    QCOMPARE(model->reportText(), text);
+    QCOMPARE(model->reportSnapshotDate(), date);
     QCOMPARE(model->reportApplications()->records().size(), 2);
     QCOMPARE(model->auditProgressText(), u"100%"_s);
     QCOMPARE(model->auditProgressDetailText(), u"Inventory complete: 2 items detected"_s);
+    audit.settled();
+
+    // An earlier version's snapshot, which cannot be moved.
+    const QByteArray snapshot = audit.mac.contents(snapshotFile);
+    QVERIFY(audit.services.defaults->setData(u"tavelo.mac.report-snapshot.v1"_s, snapshot));
+    audit.services.files = std::make_shared<RefusingFiles>(audit.mac.hostPath({}), snapshotFile, EPERM);
+    audit.model.emplace(audit.services);
+    QVERIFY((*audit.model)->hasReportSnapshot());
+    QVERIFY((*audit.model)
+                ->logLines()
+                ->lines()
+                .constFirst()
+                .endsWith(u" Không lưu được report snapshot an toàn: the system's words"));
     audit.settled();
 }
 

@@ -10,6 +10,7 @@
 #include "Row.h"
 #include "ScanThrottle.h"
 #include "Sheet.h"
+#include "WorkPool.h"
 #include "Workshop.h"
 
 #include <QAbstractItemModelTester>
@@ -168,6 +169,23 @@ private Q_SLOTS:
         QCOMPARE(model.index(11).data(AuditListModel::licenseState), u"noEvidence"_s);
         QCOMPARE(model.index(11).data(AuditListModel::applicationDescription), u"Version —"_s);
         QCOMPARE(model.index(11).data(AuditListModel::number), 12);
+    }
+
+    void heldWork()
+    {
+        QString done;
+        const auto write = [&done](QChar letter) { return [&done, letter] { done += letter; }; };
+        WorkPool pool(1);
+        pool.holdBack();
+        pool.start(write(u'x'));
+        pool.clear();
+        pool.start(write(u'a'));
+        pool.start(write(u'b'));
+        QVERIFY(pool.waitForDone() && done.isEmpty());
+        pool.letGo();
+        pool.start(write(u'c'));
+        pool.waitForDone();
+        QCOMPARE(done, u"abc"_s);
     }
 
     void sheets()

@@ -30,7 +30,6 @@ WatchedViewModel::WatchedViewModel(PlatformServices services, std::unique_ptr<Ht
     : m_services(std::move(services))
 {
     m_services.clock = m_clock;
-    m_pool.setMaxThreadCount(16);
     m_model = std::make_unique<DeskrigViewModel>(m_services, std::move(transport), m_pool);
     watch();
 }

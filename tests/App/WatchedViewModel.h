@@ -4,10 +4,10 @@
 #include "HttpTransport.h"
 #include "PlatformServices.h"
 #include "TemporaryMac.h"
+#include "WorkPool.h"
 
 #include <QSet>
 #include <QStringList>
-#include <QThreadPool>
 
 #include <memory>
 
@@ -62,7 +62,7 @@ private:
 
     std::shared_ptr<StillClock> m_clock = std::make_shared<StillClock>();
     PlatformServices m_services;
-    QThreadPool m_pool;
+    WorkPool m_pool;
     QStringList m_transcript;
     QHash<QString, InstallStatus> m_statuses;
     std::unique_ptr<DeskrigViewModel> m_model;

@@ -29,6 +29,8 @@ AppItem tool(InstallerType type = InstallerType::dmg)
 void furnish(const TemporaryMac &mac)
 {
     addSigningTools(mac);
+    for (const QString &name : {u"codesign"_s, u"curl"_s, u"ditto"_s, u"hdiutil"_s, u"spctl"_s, u"unzip"_s})
+        mac.addTool(u"/opt/homebrew/bin/"_s + name, "exit 9"); // what a name alone would find
     mac.addApp(u"/image/Tool.app"_s, u"org.example.Tool"_s);
     mac.write(u"/image/Tool.app/team"_s, "TEAM1");
     mac.addTool(u"/usr/bin/curl"_s, R"(while [ "$1" != -o ]; do shift; done
@@ -44,11 +46,19 @@ esac)");
                 R"(cp -R "$ROOT$1" "$ROOT$2"; [ ! -e "$ROOT/damaging" ] || echo OTHER >"$ROOT$2/team")");
 }
 
+/// Another's folder: nothing can be put there or taken away.
 struct LockedApplications : FileManager {
     using FileManager::FileManager;
     bool isWritable(const QString &path) const override
     {
         return path != u"/Applications" && FileManager::isWritable(path);
+    }
+    bool remove(const QString &path, FileError *error) const override
+    {
+        if (path != target)
+            return FileManager::remove(path, error);
+        *error = {EACCES, u"Permission denied"_s};
+        return false;
     }
 };
 
@@ -111,7 +121,6 @@ private Q_SLOTS:
         row("in another app", "mkdir -p image/A.app/in; mv image/Tool.app image/A.app/in/", "", refused);
         row("after another app", "mkdir -p image/A.app image/b; mv image/Tool.app image/b/", "TEAM1", done);
         row("under another name", "mv image/Tool.app image/Other.app", "TEAM1", done);
-        row("no app", "mv image/Tool.app image/Tool", "", "Không tìm thấy Tool.app trong ");
         row("another team", "echo TEAM2 >image/Tool.app/team", "", refused);
         row("damaged copy", "touch damaging", "", "xoá bản copy không hoàn chỉnh.");
         row("genuine in place", "cp -R image/Tool.app Applications; touch damaging", "TEAM1", "Tool.app đã tồn tại");
@@ -133,9 +142,15 @@ private Q_SLOTS:
             QCOMPARE(mac.contents(target + u"/team"_s), team.toUtf8());
             QCOMPARE(mac.exists(target), !team.isEmpty());
             QVERIFY2(shop.texts().join(u'\n').contains(line), qPrintable(shop.texts().join(u'\n')));
-            QCOMPARE(mac.exists(cache + u"/downloads/Tool.img"_s), !line.startsWith(u"Download"));
+            const bool downloaded = !line.startsWith(u"Download");
+            QCOMPARE(mac.exists(cache + u"/downloads/Tool.img"_s), downloaded);
+            const bool dmg = type == InstallerType::dmg;
+            QCOMPARE(shop.heard.progress.contains({dmg ? u"Đang mount bộ cài Item"_s : u"Đang giải nén Item"_s, 0.45}),
+                     downloaded);
             QCOMPARE(mac.calls(u"hdiutil|attach"_s).size(), mac.calls(u"hdiutil|detach"_s).size());
             mac.furnish(u"cd .%1; ! ls mounts extract 2>/dev/null | grep item"_s.arg(cache));
+            for (const QString &folder : {cache + u"/downloads"_s, cache + u"/mounts"_s, cache + u"/extract"_s})
+                QVERIFY(!mac.exists(folder) || mac.mode(folder) == 0700);
         }
     }
 
@@ -154,9 +169,33 @@ private Q_SLOTS:
             "hdiutil|attach|/downloads/Tool.img|-nobrowse|-readonly|-mountpoint|/mounts/item-UUID\n"
             "hdiutil|detach|/mounts/item-UUID|-quiet"_s);
         QCOMPARE(shop.fractions(), u"0 0.08 0.35 0.45 0.62 0.68 0.75 0.9 1"_s);
-        mac.furnish(u"rm -r Applications/Tool.app; touch unreadable"_s);
+        mac.furnish(
+            u"rm -r Applications/Tool.app; touch unreadable; echo victim >victim; ln -sf $PWD/victim .%1/downloads/Tool.img"_s
+                .arg(cache));
         QVERIFY(!shop.backend.install(tool()));
         QCOMPARE(mac.calls(u"hdiutil|detach"_s).size(), 1);
+        QCOMPARE(mac.contents(u"/victim"_s), "victim\n");
+        QCOMPARE(mac.contents(cache + u"/downloads/Tool.img"_s), "image\n");
+    }
+
+    void tellsWhatIsMissing()
+    {
+        const auto told = [](InstallerType type, const QString &furniture) {
+            const TemporaryMac mac;
+            furnish(mac);
+            mac.furnish(u"mkdir -p Users/technician/Library/Caches; C=.%1; "_s.arg(cache) + furniture);
+            Workshop shop(mac.services());
+            const DirectInstaller installer(shop.services, shop.runtime, shop.runner, shop.log);
+            return installer.installDirectApp(tool(type)) ? QString() : shop.texts().filter(u"Không "_s).join(u'|');
+        };
+        using enum InstallerType;
+        QCOMPARE(told(dmg, u"touch $C"_s), u"Không chuẩn bị được direct install cho Item: Not a directory"_s);
+        QCOMPARE(told(dmg, u"mkdir $C; touch $C/mounts"_s), u"Không tạo được mount point: Not a directory"_s);
+        QCOMPARE(told(zip, u"mkdir $C; touch $C/extract"_s), u"Không tạo được extract dir: Not a directory"_s);
+        QCOMPARE(told(zip, u"rmdir Applications; touch Users/technician/Applications"_s),
+                 u"Không tạo được thư mục cài /Users/technician/Applications: File exists"_s);
+        QCOMPARE(told(dmg, u"rm -r image/*"_s), u"Không tìm thấy Tool.app trong DMG."_s);
+        QCOMPARE(told(zip, u"mv image/Tool.app image/Tool"_s), u"Không tìm thấy Tool.app trong ZIP."_s);
     }
 
     void addressIsCheckedBeforeAnythingGoesOut()
@@ -178,14 +217,20 @@ private Q_SLOTS:
         QVERIFY(shop.backend.install(item));
     }
 
-    void lockedApplicationsFolderGivesTheUsersOwn()
+    void lockedApplicationsFolderIsPassedBy()
     {
         const TemporaryMac mac;
         furnish(mac);
         PlatformServices services = mac.services();
         services.files = std::make_shared<LockedApplications>(HostRoot(mac.folder()));
-        QVERIFY(Workshop(services).backend.install(tool()));
+        Workshop shop(services);
+        const DirectInstaller installer(shop.services, shop.runtime, shop.runner, shop.log);
+        QVERIFY(installer.installDirectApp(tool()));
         QVERIFY(!mac.exists(target) && mac.exists(mac.home() + target));
+        mac.furnish(u"cp -R image/Tool.app Applications"_s);
+        QVERIFY(!installer.removeDirectApp(tool()));
+        QVERIFY(shop.texts().contains(u"Không xoá được /Applications/Tool.app: Permission denied"_s));
+        QVERIFY(mac.exists(target) && !mac.exists(mac.home() + target));
     }
 
     void removesOnlyGenuineCopies()
@@ -197,6 +242,8 @@ private Q_SLOTS:
         Workshop shop(mac.services());
         QVERIFY(!shop.backend.uninstall(tool())); // the second goes although the first is foreign
         QVERIFY(mac.exists(target) && !mac.exists(own));
+        QVERIFY(shop.texts().contains(
+            u"Từ chối xoá /Applications/Tool.app: bundle ID hoặc chữ ký không khớp manifest Item."_s));
         mac.furnish(u"rm -r .%1"_s.arg(target));
         QVERIFY(shop.backend.uninstall(tool()));
         QVERIFY(shop.texts().contains(u"Không tìm thấy app direct để gỡ: Item"_s));

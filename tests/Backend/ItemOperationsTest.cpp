@@ -58,6 +58,8 @@ private Q_SLOTS:
         Workshop shop(mac.services());
         QTEST(shop.backend.install(item), "installed");
         QVERIFY(shop.fractions().startsWith(u"0 ") && shop.fractions().endsWith(u" 1"));
+        mac.setVersion(u"11.0"_s); // nothing blocks the way out
+        mac.write(u"/etc/hosts"_s, {});
         QTEST(shop.backend.uninstall(item), "removed");
         QVERIFY2(shop.texts().join(u'\n').contains(line), qPrintable(shop.texts().join(u'\n')));
         for (const QString &word : {u"unopkg"_s, u"chưa đạt"_s}) // told only where it was the reason
@@ -80,7 +82,11 @@ private Q_SLOTS:
         row("shortcut without its file", catalogItem(u"meet-shortcut"_s), "https://meet.google.com",
             "$ /usr/bin/open https://meet.google.com");
         row("blocked", anItem(blocked), "", "không được hỗ trợ trên macOS.");
-        row("builtin", catalogItem(u"gnome-disks"_s), "-a|Disk Utility", "$ /usr/bin/open -a Disk Utility");
+        row("disks", catalogItem(u"gnome-disks"_s), "-a|Disk Utility", "$ /usr/bin/open -a Disk Utility");
+        row("screenshots", catalogItem(u"flameshot"_s), "-a|Screenshot", "$ /usr/bin/open -a Screenshot");
+        const QString settings = u"x-apple.systempreferences:com.apple."_s;
+        row("keyboard", catalogItem(u"ibus-unikey"_s), settings + u"Keyboard-Settings.extension"_s, "Mở: Vietnamese");
+        row("printers", catalogItem(u"printer-drivers"_s), settings + u"Print-Scan-Settings.extension"_s, "Mở: ");
         AppItem harmful = anItem(builtin, {}, paths);
         harmful.id = u"rclone"_s;
         row("harmful", harmful, "", "có rủi ro dữ liệu.");
@@ -102,6 +108,12 @@ private Q_SLOTS:
 
         mac.addTool(u"/usr/bin/open"_s, "exit 1");
         QCOMPARE(shop.backend.open(item), item.builtinReady); // what macOS has is there, opened or not
+        if (item.builtinReady) {
+            QVERIFY(shop.backend.uninstall(item));
+            QCOMPARE(mac.calls(u"open"_s).count(u"open|"_s + call), 3);
+            QVERIFY(shop.texts().contains(item.macName +
+                                          u" là tính năng có sẵn của macOS nên không thể gỡ khỏi máy bằng app này."_s));
+        }
     }
 
     void shortcutsComeAndGo()
@@ -136,9 +148,16 @@ private Q_SLOTS:
         columns<QString, bool, bool, int, QString>("furniture", "set", "reset", "commands", "line");
         row("all six", ":", true, true, 12, "$ duti -s org.example.Office pptx all");
         row("one fails", "touch duti/refuse-docx", false, false, 12, "$ duti -r org.example.Office pptx all");
-        row("one does not hold", "touch duti/idle-pptx", false, true, 12, "Office pptx all (exit 0)");
+        row("one does not hold", "touch duti/idle-pptx; mv Applications/ONLY* Applications/ONLYOFFICE.app", false, true,
+            12, "Office pptx all (exit 0)");
         row("no ONLYOFFICE", "rm -r Applications/ONLYOFFICE*", false, true, 6, "Hãy cài ONLYOFFICE trước.");
         row("no duti", "rm usr/local/bin/duti", false, false, 0, "Không tìm thấy lệnh duti sau khi cài.");
+        row("duti listed, but gone", "rm usr/local/bin/duti; touch brew/formula/duti", false, false, 0,
+            "Không tìm thấy lệnh duti sau khi cài.");
+        row("user's own", "mkdir $H; mv Applications/ONLY* $H", true, true, 12, "$ duti -s org.example.Office doc all");
+        row("user's own, without identifier",
+            "mkdir -p $H/ONLYOFFICE.app; rm -r Applications/ONLY*; touch $H/ONLYOFFICE.app/Contents", true, true, 12,
+            "$ duti -r org.onlyoffice.desktopeditors pptx all");
     }
 
     void defaultApps()
@@ -155,7 +174,8 @@ case $1 in
 -s) [ ! -e "refuse-$3" ] || exit 1; [ -e "idle-$3" ] || echo "$2" >"$3" ;;
 -r) [ ! -e "refuse-$3" ] && rm -f "$3" ;;
 esac)");
-        mac.furnish(u"mkdir duti; "_s + furniture);
+        mac.furnish(u"mkdir duti; H=Users/technician/Applications; "_s + furniture);
+        const qsizetype lacking = mac.exists(u"/usr/local/bin/duti"_s) || mac.exists(u"/brew/formula/duti"_s) ? 0 : 1;
         Workshop shop(mac.services());
         const AppItem defaults = catalogItem(u"onlyoffice-mime"_s);
         const QDateTime start = shop.services.clock->now();
@@ -168,7 +188,8 @@ esac)");
         QCOMPARE(mac.calls(u"duti|-s"_s).size() + mac.calls(u"duti|-r"_s).size(), commands);
         QCOMPARE(start.secsTo(shop.services.clock->now()), commands / 6);
         QVERIFY2(shop.texts().join(u'\n').contains(line), qPrintable(shop.texts().join(u'\n')));
-        QCOMPARE(mac.calls(u"brew|install"_s).size(), mac.exists(u"/usr/local/bin/duti"_s) ? 0 : 1);
+        QCOMPARE(mac.calls(u"brew|install"_s).size(), lacking);
+        QCOMPARE(shop.texts().count(u"Chưa có duti, đang cài duti bằng Homebrew."_s), lacking);
     }
 };
 

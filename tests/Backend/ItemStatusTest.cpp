@@ -29,6 +29,7 @@ private Q_SLOTS:
         const char *casks = "cask:libreoffice cask:libreoffice-language-pack";
         const char *dictionary = "/Applications/LibreOffice.app/Contents/Resources/extensions/vi/vi_VN.dic";
         row("libreoffice, no dictionary", office, casks, "/Applications/LibreOffice.app/Contents", false);
+        row("libreoffice, all", office, casks, dictionary, true);
         row("libreoffice, no language pack", office, "cask:libreoffice", dictionary, false);
         row("builtin, one command", anItem(builtin, {}, u"/A.app"_s, u"x y"_s), "", "/bin/y", true);
         row("builtin, neither", anItem(builtin, {}, u"/A.app"_s, u"x"_s), "", "", false);

@@ -19,11 +19,16 @@ private Q_SLOTS:
         // left: in the working folder
         columns<QString, bool, QString, QString, QString>("furniture", "succeeds", "ran", "left", "line");
         const char *staged = "vi vietnamese-dictionaries.oxt", *all = "curl curl zip unopkg";
-        row("success", ":", true, all, staged, "(exit 0)");
+        row("an earlier package", "mkdir -p $C; cd $C; touch stale; zip -q vietnamese-dictionaries.oxt stale; rm stale",
+            true, all, staged, "(exit 0)");
         row("user's own LibreOffice", "mkdir -p $H/Applications; mv Applications/LibreOffice.app $H/Applications", true,
             all, staged, "(exit 0)");
         row("there, in other case", "mkdir -p \"$L/uno_packages/a/b\"; touch \"$L/uno_packages/a/b/VI_vn.AFF\"", true,
             "", "", "đã có sẵn.");
+        row("there, in the user's own LibreOffice", "D=$H$E/vi; mkdir -p $D; touch $D/vi_VN.dic", true, "", "",
+            "đã có sẵn.");
+        row("there, among the user's", "mkdir -p \"$L/extensions\"; touch \"$L/extensions/vi_VN.aff\"", true, "", "",
+            "đã có sẵn.");
         row("only in hidden folders and packages",
             "cd \"$L\"; mkdir -p extensions/.a extensions/A.app; touch extensions/.a/vi_VN.dic extensions/A.app/vi_VN.dic",
             true, all, staged, "(exit 0)");
@@ -34,10 +39,10 @@ private Q_SLOTS:
         row("failing download", "touch failing-curl", false, "curl", "vi", "file: one.xml");
         row("links planted",
             "mkdir -p $C/vi/META-INF; printf mine >notes; for each in vietnamese-dictionaries.oxt "
-            "vi/one.xml vi/META-INF/two.xml; do ln -s $PWD/notes $C/$each; done",
+            "vi/one.xml vi/META-INF/manifest.xml; do ln -s $PWD/notes $C/$each; done",
             true, all, staged, "(exit 0)");
-        row("second is corrupted", "mkdir -p $C; touch $C/vietnamese-dictionaries.oxt corrupt-two.xml", false,
-            "curl curl", "", "file: META-INF/two.xml");
+        row("second is corrupted", "mkdir -p $C; touch $C/vietnamese-dictionaries.oxt corrupt-manifest.xml", false,
+            "curl curl", "", "file: META-INF/manifest.xml");
     }
 
     void installs()
@@ -49,16 +54,16 @@ private Q_SLOTS:
 [ ! -e "$ROOT/failing-curl" ] || exit 22
 name=${last##*/}
 if [ -e "$ROOT/corrupt-$name" ]; then echo "$name"; else printf '%s' "$name"; fi >"$ROOT$2")");
-        mac.addTool(
-            u"/usr/bin/zip"_s,
-            "[ ! -e \"$ROOT/failing-zip\" ] && test \"$(cat one.xml META-INF/two.xml)\" = one.xmltwo.xml && : >\"$ROOT$2\"");
+        mac.addTool(u"/opt/homebrew/bin/curl"_s, "exit 9"); // what a name alone would find
+        mac.addTool(u"/usr/bin/zip"_s, "[ ! -e \"$ROOT/failing-zip\" ] && zip \"$1\" \"$ROOT$2\" \"$3\"");
         mac.addTool(u"/Applications/LibreOffice.app/Contents/MacOS/unopkg"_s,
                     R"([ ! -e "$ROOT/failing-unopkg" ] || exit 1
-[ "$1 $2 $3" = "add --force --suppress-license" ] && [ -f "$ROOT$4" ] && [ ! -e "$ROOT/silent" ] || exit 0
+[ "$1 $2 $3" = "add --force --suppress-license" ] && [ ! -e "$ROOT/silent" ] || exit 0
+unzip -Z1 "$ROOT$4" | sort | xargs | grep -qx 'META-INF/ META-INF/manifest.xml one.xml' || exit 1
 D="$ROOT/Users/technician/Library/Application Support/LibreOffice/4/user/uno_packages/cache"
 mkdir -p "$D" && touch "$D/vi_VN.dic")");
         mac.furnish(
-            u"H=Users/technician; L=\"$H/Library/Application Support/LibreOffice/4/user\"; C=$H/Library/Caches/tavelo-deskrig/libreoffice-vi-dictionary; mkdir -p \"$L\"; "_s +
+            u"H=Users/technician; L=\"$H/Library/Application Support/LibreOffice/4/user\"; C=$H/Library/Caches/tavelo-deskrig/libreoffice-vi-dictionary; E=/Applications/LibreOffice.app/Contents/Resources/extensions; mkdir -p \"$L\"; "_s +
             furniture);
         Workshop shop(mac.services());
         const auto pinned = [](const QString &path) {
@@ -66,7 +71,7 @@ mkdir -p "$D" && touch "$D/vi_VN.dic")");
             return PinnedFile{path, QCryptographicHash::hash(content, QCryptographicHash::Sha256).toHex()};
         };
         const LanguageKit kit(shop.services, shop.runtime, shop.runner, shop.log,
-                              {pinned(u"one.xml"_s), pinned(u"META-INF/two.xml"_s)});
+                              {pinned(u"one.xml"_s), pinned(u"META-INF/manifest.xml"_s)});
         QTEST(kit.installLibreOfficeVietnameseDictionary(), "succeeds");
 
         const QString folder = shop.runtime.cacheDir() + u"/libreoffice-vi-dictionary"_s;

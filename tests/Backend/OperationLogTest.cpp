@@ -39,8 +39,8 @@ private Q_SLOTS:
         QCOMPARE(mac.contents(file), "[00:00:00] earlier\n[03:04:05] Tiếng Việt\n");
         QVERIFY(isPrivate());
         mac.furnish(u"rm -r '.%1'"_s.arg(folder));
-        shop.log.log(u"again"_s);
-        QCOMPARE(mac.contents(file), "[03:04:05] again\n");
+        shop.log.log(u"again\tand\n\u001b[2J\rmore"_s);
+        QCOMPARE(mac.contents(file), "[03:04:05] again\tand\n [2J more\n");
         QVERIFY(isPrivate());
         QVERIFY(shop.heard.lines.isEmpty()); // which the main queue delivers
     }

@@ -19,6 +19,7 @@ struct Machine {
     bool hasBrew = true;
     bool hasNetwork = true;
     bool isRoot = false;
+    bool hasDeveloperTools = true;
 };
 
 struct StatedFiles : FileManager {
@@ -39,7 +40,7 @@ struct StatedFacts : SystemFacts {
 PlatformServices furnish(TemporaryMac &mac, const Machine &machine)
 {
     mac.setVersion(machine.version);
-    mac.addTool(u"/usr/bin/xcode-select"_s, "test \"$*\" = -p");
+    mac.addTool(u"/usr/bin/xcode-select"_s, machine.hasDeveloperTools ? "test \"$*\" = -p" : "exit 2");
     if (machine.hasBrew)
         addBrew(mac, u"cask:onlyoffice"_s);
     if (!machine.hasNetwork)
@@ -71,6 +72,8 @@ private Q_SLOTS:
         row("other processor", Machine{.processor = u"riscv64"_s}, "ofoooooww", 1, "riscv64");
         row("no brew", Machine{.hasBrew = false}, "oowooooww", 2, "Chưa tìm thấy brew. Cài từ https://brew.sh");
         row("no network", Machine{.hasNetwork = false}, "ooowoooww", 3, "Không phân giải được formulae.brew.sh.");
+        row("no developer tools", Machine{.hasDeveloperTools = false}, "oooowooww", 4,
+            "Không bắt buộc để mở app. Chỉ có thể cần khi Homebrew phải build formula từ source.");
         row("less", Machine{.freeBytes = 5 * gibibyte - 1}, "ooooofoww", 5, "4GB trống trên /.");
         row("root", Machine{.isRoot = true}, "oooooowww", 6, "Không nên chạy Homebrew GUI app bằng root.");
         row("disk unknown", Machine{.freeBytes = {}}, "ooooofoww", 5, "0GB trống trên /.");
@@ -108,14 +111,14 @@ private Q_SLOTS:
         const QString disk = u"Cần tối thiểu 1GB trống trên /. Hiện còn 0GB."_s;
         row("one, 1 GB", Machine{.freeBytes = gibibyte}, Kinds{cask, shortcut, builtin, mime}, "");
         row("one, less", Machine{.freeBytes = gibibyte - 1}, Kinds{direct}, disk);
-        row("two, 5 GB", Machine(), Kinds{formula, bundle}, "");
+        row("two, 5 GB, 14", Machine{.version = u"14.0"_s}, Kinds{formula, bundle}, "");
         row("two, less", Machine{.freeBytes = 5 * gibibyte - 1}, Kinds{direct, direct},
             "Cần tối thiểu 5GB trống trên /. Hiện còn 4GB.");
         row("bare, mime", bare, Kinds{mime}, brewAndNetwork);
         row("bare, direct", bare, Kinds{direct}, disk);
         row("unfit, bundle", unfit, Kinds{bundle},
             u"macOS 11.0.0 quá cũ. Target tối thiểu: macOS 13.|"
-            "Chỉ hỗ trợ CPU arm64 hoặc x86_64. Máy hiện tại: i386.|"_s +
+            "Chỉ hỗ trợ CPU arm64 hoặc x86_64. Máy hiện tại: i386.|Item yêu cầu macOS 14 trở lên.|"_s +
                 brewAndNetwork + u'|' + disk);
     }
 
@@ -128,6 +131,7 @@ private Q_SLOTS:
         QList<AppItem> items;
         for (const AppKind kind : kinds)
             items.append(anItem(kind));
+        items.last().minimumMacOSMajor = 14;
         QTEST(shop.backend.installBlockers(items).join(u'|'), "blockers");
     }
 };

@@ -133,6 +133,10 @@ private Q_SLOTS:
         mac.furnish(u"rm -r .%1 calls; touch .%1"_s.arg(folder));
         QVERIFY(!write());
         QCOMPARE(mac.calls(), QStringList()); // nothing was gathered
+
+        mac.environment.remove(u"TAVELO_MAC_REPORT_FILE"_s);
+        mac.environment.insert(u"TAVELO_MAC_CONFIG_DIR"_s, u" ~/to "_s);
+        QCOMPARE(AppRuntime(mac.services()).reportFile(), u"/ ~/to /Reports/tavelo-deskrig-report.txt"_s);
     }
 };
 

@@ -1,4 +1,5 @@
 #include "Catalog.h"
+#include "Golden.h"
 
 #include <QTest>
 #include <QUrl>
@@ -38,6 +39,30 @@ AppItem shortcutTo(const QString &id, const QString &fileName)
     return item;
 }
 
+/// What an item does to a Mac, on a line; its texts are left out.
+QByteArray line(const AppItem &item)
+{
+    QStringList cells{item.id,
+                      item.macName,
+                      (QStringList(item.group) + item.extraGroups).join(u' '),
+                      rawValue(item.kind),
+                      item.packages.join(u' '),
+                      item.appPaths.join(u':'),
+                      item.commands.join(u' '),
+                      item.builtinReady ? u"ready"_s : QString(),
+                      item.minimumMacOSMajor ? QString::number(*item.minimumMacOSMajor) : QString(),
+                      item.symbol};
+    if (const std::optional<DirectInstallerSpec> &spec = item.directInstaller) {
+        QStringList hosts(spec->allowedDownloadHosts.begin(), spec->allowedDownloadHosts.end());
+        hosts.sort();
+        cells << spec->url << hosts.join(u' ') << spec->fileName << rawValue(spec->installerType) << spec->appBundleName
+              << spec->expectedBundleID << spec->expectedTeamID;
+    }
+    if (item.shortcut)
+        cells << item.shortcut->fileName << item.shortcut->name << item.shortcut->url;
+    return cells.join(u" | "_s).toUtf8() + '\n';
+}
+
 } // namespace
 
 class CatalogTest : public QObject
@@ -45,11 +70,21 @@ class CatalogTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void table();
     void everyItemIsWellFormed();
     void uniqueInstallItems_data();
     void uniqueInstallItems();
     void prefixesOfMixedPackages();
 };
+
+void CatalogTest::table()
+{
+    QByteArray lines;
+    for (const AppItem &item : Catalog::items())
+        lines += line(item);
+    const QByteArray differences = differencesFromGolden(u"catalog.txt"_s, lines);
+    QVERIFY2(differences.isEmpty(), differences);
+}
 
 void CatalogTest::everyItemIsWellFormed()
 {

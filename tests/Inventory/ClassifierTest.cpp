@@ -69,8 +69,9 @@ private Q_SLOTS:
     void developers_data()
     {
         columns<QString, QString, QString, QString, QString>("report", "profile", "copyright", "team", "developer");
-        const char *chain = "Authority=Apple Root CA\nAuthority=Developer ID Application: Example: Ltd (ABCDE12345)\n"
-                            "Authority=Developer ID Certification Authority\n";
+        const char *chain =
+            "Authority=(unavailable)\nAuthority=Apple Root CA\nAuthority=Developer ID Application: Example: Ltd (ABCDE12345)\n"
+            "Authority=Developer ID Certification Authority\n";
         row("leaf authority", chain, "Profile", "© Line", "T", "Example: Ltd");
         row("store",
             "Authority=Apple Mac OS Application Signing\nAuthority=Apple Worldwide Developer Relations "
@@ -78,6 +79,8 @@ private Q_SLOTS:
             " Profile ", "© Line", "T", "Profile");
         row("code of another form", "Authority=A: Example (ABCDE1234)\n", "", "", "T", "Example (ABCDE1234)");
         row("Vietnamese line", "", "", "Bản quyền © 2020 Công ty ABC. Mọi quyền được bảo lưu.", "T", "Công ty ABC");
+        row("Spanish line", "", "", "© Estudio. Todos los derechos reservados.", "T", "Estudio");
+        row("German line", "", "", "© Firma. ALLE Rechte vorbehalten.", "T", "Firma");
         row("no-break spaces", "", "", "\u00a0(C)\u00a02001\u00a0–\u00a02003,\u00a0Example,\u00a0Inc.", "T",
             "Example, Inc");
         row("other numbers stay", "", "", "© 2020 Studio 1234 and 20201", "T", "Studio 1234 and 20201");
@@ -104,6 +107,8 @@ private Q_SLOTS:
         row("vendor by beginning", "Zoom-Player", "x.y", "/Applications", "Zoom");
         row("not a beginning", "Zoomer", "com.acme.zoomer", "/Applications", "Acme");
         row("formula git-lfs", "git-lfs", "homebrew.formula.git-lfs", "Homebrew formula", "Git");
+        row("GitHub before Git", "github-tool", "homebrew.formula.github-tool", "Homebrew formula", "GitHub");
+        row("generic organisation", "Tool", "com.app.tool", "/Applications", "Tool");
         row("generic later", "Acme Tool", "com.acme.app", "/Applications", "Acme");
         row("case of the prefix", "x", "IO.fooBar_ui.x", "installer receipt", "FooBar UI");
         row("nothing", " \n", "x.app", "/Applications", "(none)");
@@ -149,6 +154,7 @@ private Q_SLOTS:
         const QString formula = u"Homebrew formula"_s;
         QCOMPARE(concluded(formula, uR"({"all_of":["LicenseRef-Proprietary"]})"_s),
                  u"needsEntitlementReview homebrew-license-metadata"_s);
+        QCOMPARE(concluded(formula, u"Unknown"_s), u"needsEntitlementReview homebrew-license-metadata"_s);
         QCOMPARE(concluded(formula, u"MIT"_s), u"freeOrOpenSource homebrew-license-metadata"_s);
         QCOMPARE(concluded(u"/Applications"_s, u"MIT"_s), u"noEvidence none"_s);
         QVERIFY(!licenseEvidence(formula, {}, false, u"MIT\nName: x"_s).detail.contains(u'\n')); // forges a line

@@ -98,6 +98,17 @@ private Q_SLOTS:
             "cask", "verifiedReceipt mac-app-store-receipt verified", "mac-app-store-receipt:verified");
         row("untrusted receipt", "Example", "receipt=foreign org.x", "cask",
             "receiptIntegrityVerified mac-app-store-receipt strong", "mac-app-store-receipt:structurallyValid");
+        row("policy before failed receipt", "us.zoom.xos", "receipt=x", "",
+            "accountBased account-based-app-policy informational", "mac-app-store-receipt:failed");
+        row("failed receipt before locked store", "Locked", "receipt=x|~/Application Support/Locked/", "",
+            "needsEntitlementReview failed-local-verification none",
+            "mac-app-store-receipt:failed app-support-artifacts:inaccessible");
+        row("failed receipt before provenance", "Example", "receipt=x", "pkg",
+            "needsEntitlementReview failed-local-verification none", "mac-app-store-receipt:failed installer-receipt");
+        row("locked receipt before provenance", "Example", "receipt=locked", "cask",
+            "accessRestricted local-access-restricted none", "mac-app-store-receipt:inaccessible homebrew-cask");
+        row("cask before package", "Example", "", "cask pkg", "installationEvidence homebrew-cask informational",
+            "homebrew-cask installer-receipt");
     }
 
     void conclusions()
@@ -114,7 +125,7 @@ private Q_SLOTS:
                                                                            u"2016-06-01T10:00:00Z"_s)));
         const ReceiptSecurity security(isSigned ? QList{m_authority.rootFingerprint()}
                                                 : QList{ReceiptSecurity::appleRootFingerprint()});
-        const LockedFiles files(mac, receipt == "locked" ? u"receipt"_s : QString());
+        const LockedFiles files(mac, receipt == "locked" ? u"receipt"_s : u"Locked"_s);
 
         Request request{.appURL = u"/Applications/Example.app"_s,
                         .applicationName = app.contains(u'.') ? u"Example"_s : app,

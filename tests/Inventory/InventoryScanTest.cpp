@@ -101,8 +101,8 @@ struct SmallMac {
     {
         mac.addApp(u"/Applications/Folder/Zeta.app"_s, u"org.zeta"_s);
         mac.addApp(u"/Applications/Twin.app"_s, u"org.twin"_s);
-        mac.addApp(u"/System/Preview.app"_s, u"org.preview"_s);
-        mac.furnish(u"ln -s ../System/Preview.app Applications/Preview.app"_s);
+        mac.addApp(u"/usr/libexec/Helper.app"_s, u"org.helper"_s);
+        mac.furnish(u"ln -s ../usr/libexec/Helper.app Applications/Helper.app"_s);
         mac.addApp(mac.home() + u"/Applications/Twin.app"_s, u"ORG.twin"_s);
         mac.addApp(mac.home() + u"/Applications/Usurped.app"_s, u"pkg.zz.y"_s); // the key of the package ZZ.y
     }

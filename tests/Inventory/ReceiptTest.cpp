@@ -206,9 +206,11 @@ void ReceiptTest::judgesReceipts_data()
     row("without a payload", authority.sign(payload, TestAuthority::Form::withoutPayload), Kind::invalid,
         QStringLiteral("The signed receipt payload is missing."));
     row("a payload of another kind", authority.sign("plain words"), Kind::invalid, noIdentifier);
-    row("another application's, with a sound signature",
-        authority.sign(TestAuthority::payload(QStringLiteral("org.example.App"), validDate)), Kind::invalid,
-        QStringLiteral("The signed receipt bundle identifier does not match this application."));
+    const QByteArray others = authority.sign(TestAuthority::payload(QStringLiteral("org.example.App"), validDate));
+    for (const auto &[name, receipt] : {std::pair("another application's", others),
+                                        std::pair("another's, changed", flipped(others, others.size() - 4))})
+        row(name, receipt, Kind::invalid,
+            QStringLiteral("The signed receipt bundle identifier does not match this application."));
     row("payload changed", flipped(good, good.indexOf(validDate.toLatin1()) + 3), Kind::invalid, brokenIntegrity);
     row("signature changed", flipped(good, good.size() - 4), Kind::invalid, brokenIntegrity);
     const QByteArray attributed = authority.sign(payload, TestAuthority::Form::withSignedAttributes);
@@ -252,7 +254,8 @@ void ReceiptTest::judgesReceipts()
     if (status.kind == Kind::verified) { // the same on a damaged system
         QCOMPARE(inspected(receipt, DamagedSystem({anchor}, false)).reason,
                  QStringLiteral("macOS could not initialize the receipt verifier."));
-        const MacAppStoreReceiptStatus noPolicy = inspected(receipt, DamagedSystem({anchor}, true));
+        const MacAppStoreReceiptStatus noPolicy =
+            inspected(flipped(receipt, receipt.size() - 4), DamagedSystem({anchor}, true));
         QCOMPARE(noPolicy.kind, Kind::integrityVerified);
         QCOMPARE(noPolicy.reason, QStringLiteral("macOS could not create the Mac App Store receipt trust policy."));
     }

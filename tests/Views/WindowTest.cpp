@@ -1,5 +1,7 @@
 #include "Stage.h"
 
+#include <QDir>
+#include <QFile>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QRegularExpression>
@@ -24,6 +26,8 @@ private Q_SLOTS:
     void asksBeforeItRemoves();
     void keepsWhatIsTypedIn();
     void refusesAnIncompleteReport();
+    void asksBeforeItReplacesAFile();
+    void keepsTheTitlesOverTheRows();
     void disablesWhatMustWait();
     void speaksTheChosenLanguage();
     void tabsThroughTheWindow();
@@ -245,6 +249,87 @@ void WindowTest::refusesAnIncompleteReport()
     click(stage, u"export-button"_s);
     QCOMPARE(stage.model().toast().text, u"Enter the inspector name and report title."_s);
     QCOMPARE(stage.model().sheetKind(), SheetKind::report);
+}
+
+void WindowTest::asksBeforeItReplacesAFile()
+{
+    const ProgramOnAMac mac;
+    QVERIFY(QDir().mkpath(mac.hostPath(u"/Users/technician/Documents/Lan's 100% #1"_s)));
+    Stage stage(mac);
+    stage.model().setReportProfile({.inspectorName = u"Lan"_s, .subject = u"Audit"_s});
+    stage.model().scanMac();
+    stage.settle();
+    stage.model().openReport();
+    stage.pass(300);
+    const auto ask = [&] {
+        key(stage, Qt::Key_Return); // in a field of the report
+        stage.pass(300);
+        QTRY_VERIFY(isEnabled(stage, u"save-button"_s));
+        QCOMPARE(focused(stage), u"save-name-field"_s);
+    };
+    const auto written = [&](const QString &path) {
+        return QTest::qWaitFor([&] { return !stage.find(u"save-button"_s) && mac.contents(path).startsWith("%PDF"); });
+    };
+
+    ask();
+    type(stage, u"../a"_s); // in place of what is proposed, and not out of this folder
+    QStringList order;
+    for (int step = 0; step < 5; ++step) {
+        key(stage, Qt::Key_Tab);
+        order.append(focused(stage));
+    }
+    QCOMPARE(order.join(u' '),
+             u"save-up-button save-entry-Lan's 100% #1 save-cancel-button save-button save-name-field"_s);
+    key(stage, Qt::Key_Return);
+    QVERIFY(written(u"/Users/technician/Documents/a.pdf"_s));
+
+    const QString file = u"/Users/technician/Documents/Lan's 100% #1/b.PDF"_s;
+    QFile old(mac.hostPath(file));
+    QVERIFY(old.open(QIODevice::WriteOnly) && old.write("old") == 3 && old.flush());
+    ask();
+    click(stage, u"save-up-button"_s);
+    QTRY_VERIFY(stage.find(u"save-entry-Documents"_s));
+    QTest::mouseDClick(&stage.window(), Qt::LeftButton, {}, middle(stage, u"save-entry-Documents"_s));
+    QTRY_VERIFY(stage.find(u"save-entry-a.pdf"_s));
+    key(stage, Qt::Key_Return); // at the list's first
+    QTRY_VERIFY(stage.find(u"save-entry-b.PDF"_s));
+    click(stage, u"save-entry-b.PDF"_s);
+    click(stage, u"save-button"_s);
+    stage.pass(300);
+    QCOMPARE(focused(stage), u"replace-cancel-button"_s);
+    key(stage, Qt::Key_Escape);
+    stage.pass(300);
+    QCOMPARE(mac.contents(file), "old");
+    QVERIFY(!stage.find(u"replace-confirm-button"_s));
+    QCOMPARE(focused(stage), u"save-button"_s);
+    key(stage, Qt::Key_Space);
+    stage.pass(300);
+    click(stage, u"replace-confirm-button"_s);
+    QVERIFY(written(file));
+
+    ask();
+    key(stage, Qt::Key_Escape);
+    stage.settle();
+    QVERIFY(!stage.find(u"save-button"_s));
+    QCOMPARE(stage.model().sheetKind(), SheetKind::report);
+}
+
+void WindowTest::keepsTheTitlesOverTheRows()
+{
+    const ProgramOnAMac mac;
+    mac.furnish(u"populate"_s, {});
+    Stage stage(mac);
+    stage.settle();
+    stage.model().openReport();
+    stage.pass(300);
+    QVERIFY(!stage.find(u"report-titles"_s));
+    stage.model().scanMac();
+    stage.settle();
+    const QQuickItem *const titles = stage.find(u"report-titles"_s);
+    QCOMPARE(titles->y() + titles->height(), titles->parentItem()->property("contentY").toDouble() * -1);
+    key(stage, Qt::Key_PageDown);
+    key(stage, Qt::Key_PageDown);
+    QCOMPARE(titles->y(), 0);
 }
 
 void WindowTest::disablesWhatMustWait()

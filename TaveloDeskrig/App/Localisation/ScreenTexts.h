@@ -64,6 +64,15 @@ enum class ScreenText {
     scanComputer,
     reportSource,
 
+    // Where the PDF goes.
+    fileName,
+    enclosingFolder,
+    emptyFolder,
+    save,
+    replace,
+    replaceTitle,
+    replaceMessage,
+
     // Cloud tools.
     catalogAndReport,
     uploadReport,
@@ -84,7 +93,8 @@ Q_ENUM_NS(ScreenText)
 
 } // namespace Screens
 
-/// Every text, in the order of the keys. The counters and `scannedAt` hold %1, for the caller to fill.
+/// Every text, in the order of the keys. The counters, `scannedAt`, `replaceTitle` and
+/// `replaceMessage` hold %1, for the caller to fill.
 std::span<const KeyedTexts<ScreenText>> screenTexts();
 
 } // namespace Tavelo

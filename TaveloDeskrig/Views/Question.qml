@@ -2,21 +2,26 @@ import QtQuick
 import QtQuick.Layouts
 import Tavelo.Views
 
-// The question before an item is removed, and its two answers.
+// A question whose Yes destroys something, and its two answers. The keyboard begins at No.
 FocusScope {
-    id: content
+    id: question
 
-    required property DeskrigViewModel viewModel
+    required property string title
     required property string message
+    required property string cancelText
+    required property string confirmText
+    required property string buttonPrefix
+    signal cancelled
+    signal confirmed
 
     implicitWidth: 400
     implicitHeight: column.implicitHeight + 48
     focus: true
     Accessible.role: Accessible.Dialog
-    Accessible.name: title.text
-    Accessible.description: content.message
+    Accessible.name: title
+    Accessible.description: message
 
-    Keys.onEscapePressed: content.viewModel.cancelUninstall()
+    Keys.onEscapePressed: cancelled()
 
     ColumnLayout {
         id: column
@@ -26,15 +31,13 @@ FocusScope {
         spacing: 12
 
         WrappedText {
-            id: title
-
-            text: content.viewModel.strings.text(Labels.AppI18nKey.removePromptTitle)
+            text: question.title
             font.pixelSize: 17
             font.weight: Font.Bold
             Layout.fillWidth: true
         }
         WrappedText {
-            text: content.message
+            text: question.message
             color: Design.mutedText
             Layout.fillWidth: true
         }
@@ -44,20 +47,20 @@ FocusScope {
             Layout.alignment: Qt.AlignRight
 
             PlainButton {
-                objectName: "remove-cancel-button"
-                text: content.viewModel.strings.text(Labels.AppI18nKey.cancel)
+                objectName: question.buttonPrefix + "-cancel-button"
+                text: question.cancelText
                 focus: true
                 leftPadding: 18
                 rightPadding: 18
-                onClicked: content.viewModel.cancelUninstall()
+                onClicked: question.cancelled()
             }
             DefaultButton {
-                objectName: "remove-confirm-button"
-                text: content.viewModel.strings.text(Labels.AppI18nKey.remove)
+                objectName: question.buttonPrefix + "-confirm-button"
+                text: question.confirmText
                 fill: Design.danger
                 hoverFill: Qt.lighter(Design.danger, 1.08)
                 pressedFill: Qt.darker(Design.danger, 1.08)
-                onClicked: content.viewModel.confirmPendingUninstall()
+                onClicked: question.confirmed()
             }
         }
     }
