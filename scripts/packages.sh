@@ -10,6 +10,7 @@ debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-image-f
     qml6-module-qtqml-workerscript qml6-module-qt-labs-folderlistmodel)
 # CMake finds qt6-httpserver-dev only with qt6-websockets-dev beside it, which it does not ask for.
 debian_test_packages=(libpoppler-cpp-dev qpdf qt6-httpserver-dev qt6-websockets-dev)
+debian_reliability_packages=(faketime jq qpdf time)
 debian_check_packages=(clang clang-format clang-tidy libclang-rt-14-dev shellcheck)
 homebrew_build_packages=(cmake ninja pkg-config qt libplist qpdf openssl@3)
 homebrew_test_packages=(poppler qpdf)
@@ -25,6 +26,7 @@ install_packages() {
         *-build) names+=("${debian_build_packages[@]}") ;;
         *-test) names+=("${debian_test_packages[@]}") ;;
         *-check) names+=("${debian_check_packages[@]}") ;;
+        *-reliability) names+=("${debian_reliability_packages[@]}") ;;
         esac
     done
     case $(uname -s) in
