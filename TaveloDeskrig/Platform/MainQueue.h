@@ -2,7 +2,10 @@
 
 #include <QObject>
 
+#include <deque>
 #include <functional>
+#include <memory>
+#include <mutex>
 
 namespace Tavelo
 {
@@ -15,6 +18,7 @@ class MainQueue
 {
 public:
     MainQueue() = default;
+    ~MainQueue();
     Q_DISABLE_COPY_MOVE(MainQueue)
 
     /// Queues a call, from any thread, and returns at once. Calls run in the order of queuing.
@@ -26,7 +30,17 @@ public:
     void service();
 
 private:
+    struct Calls {
+        void run();
+        void runInLoop();
+
+        std::mutex mutex;
+        std::deque<std::function<void()>> waiting;
+        bool isLoopTold = false; ///< An event is on its way to the event loop, if there is one.
+    };
+
     QObject m_receiver;
+    const std::shared_ptr<Calls> m_calls = std::make_shared<Calls>();
 };
 
 } // namespace Tavelo

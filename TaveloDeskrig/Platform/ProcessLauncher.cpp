@@ -46,6 +46,7 @@ ProcessResult ProcessLauncher::run(const ProcessSetup &setup) const
         return {.started = false, .status = 127, .output = {}, .error = process.errorString()};
 
     ProcessResult result{.started = true, .status = 0, .output = {}, .error = {}};
+    bool isFlood = false;
     const auto take = [&] {
         if (setup.output == Output::discard)
             return;
@@ -54,8 +55,11 @@ ProcessResult ProcessLauncher::run(const ProcessSetup &setup) const
             return;
         if (setup.onOutput)
             setup.onOutput(bytes);
-        else
+        else if (!isFlood)
             result.output += bytes;
+        isFlood = isFlood || result.output.size() > ProcessResult::maximumOutput;
+        if (isFlood)
+            result.output.clear();
     };
     const int pause = m_mainQueue->isMainThread() ? mainQueuePause : forever;
     while (process.state() != QProcess::NotRunning) {

@@ -34,9 +34,12 @@ struct ProcessSetup {
 };
 
 struct ProcessResult {
+    /// The most that is taken, in bytes; several times what the most talkative tool says of a full Mac.
+    static constexpr qsizetype maximumOutput = qsizetype(32) * 1024 * 1024;
+
     bool started = false;
     int status = 127;  ///< Exit status, or the number of the signal that ended the child; 127 when it did not start.
-    QByteArray output; ///< What was taken of the child's output.
+    QByteArray output; ///< What was taken of the child's output; nothing of more than `maximumOutput`.
     QString error;     ///< Why it did not start, in the system's words.
 };
 

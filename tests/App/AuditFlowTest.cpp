@@ -4,10 +4,14 @@
 #include "GatedLauncher.h"
 #include "Golden.h"
 #include "ProgramOnAMac.h"
+#include "RefusingFiles.h"
+#include "UserDefaults.h"
 #include "WatchedViewModel.h"
 
 #include <QFileInfo>
 #include <QTest>
+
+#include <cerrno>
 
 using namespace Qt::StringLiterals;
 using namespace Tavelo;
@@ -234,6 +238,19 @@ void AuditFlowTest::nextStart()
     QCOMPARE(model->reportApplications()->records().size(), 2);
     QCOMPARE(model->auditProgressText(), u"100%"_s);
     QCOMPARE(model->auditProgressDetailText(), u"Inventory complete: 2 items detected"_s);
+    audit.settled();
+
+    // An earlier version's snapshot, which cannot be moved.
+    const QByteArray snapshot = audit.mac.contents(snapshotFile);
+    QVERIFY(audit.services.defaults->setData(u"tavelo.mac.report-snapshot.v1"_s, snapshot));
+    audit.services.files = std::make_shared<RefusingFiles>(audit.mac.hostPath({}), snapshotFile, EPERM);
+    audit.model.emplace(audit.services);
+    QVERIFY((*audit.model)->hasReportSnapshot());
+    QVERIFY((*audit.model)
+                ->logLines()
+                ->lines()
+                .constFirst()
+                .endsWith(u" Không lưu được report snapshot an toàn: the system's words"));
     audit.settled();
 }
 

@@ -65,15 +65,23 @@ void CloudActionsTest::transcript()
     };
     scene(u"sync"_s, [&] { model->syncCatalog(); });
     QCOMPARE(model->catalogItems().size(), 27);
-    scene(u"organisation"_s, [&] { model->businessDeviceConfig(u"fetch"_s, {}, {}); });
+    scene(u"organisation"_s, [&] { model->businessDeviceConfig(u"update"_s, u"Kế toán"_s, u"A-1"_s); });
     QCOMPARE(model->catalogItems().size(), 2);
     scene(u"workspace"_s, [&] { model->syncTechnicianWorkspace(); });
     scene(u"branding"_s, [&] { model->updateTechnicianBranding(u"Cửa hàng"_s); });
     scene(u"profile"_s, [&] { model->saveTechnicianProfile(u"Chuẩn"_s, u" "_s); });
-    const QStringList saved = m_cloud.takeRequests().filter(u"save_profile"_s);
-    QCOMPARE(saved.size(), 1);
-    QVERIFY(saved.first().contains(u"\"item_ids\":[\"evince\"]"_s));
+    scene(u"profile of one's own"_s, [&] { model->saveTechnicianProfile(u"Riêng"_s, u"vlc,gimp"_s); });
     scene(u"upload"_s, [&] { model->uploadReport(); });
+    const QString sent = m_cloud.takeRequests().join(u'\n');
+    for (
+        const QString &body :
+        {uR"({"action":"update","asset_code":"A-1","department":"Kế toán"})"_s,
+         uR"({"action":"update_branding","display_name":"Cửa hàng"})"_s,
+         uR"({"action":"save_profile","item_ids":["evince"],"name":"Chuẩn"})"_s,
+         uR"({"action":"save_profile","item_ids":["vlc","gimp"],"name":"Riêng"})"_s,
+         uR"("items":[{"group_key":"office","item_id":"libreoffice","kind":"cask","name":"LibreOffice + Vietnamese",)"_s,
+         uR"("summary":{"installed":4,"total":27}})"_s}) // the whole catalog, whatever is shown of it
+        QVERIFY2(sent.contains(body), qPrintable(body));
     m_cloud.disturb(u"{\"status\": 401, \"body\": \"{\\\"error\\\": \\\"x\\\", \\\"detail\\\": \\\"y\\\"}\"}"_s);
     scene(u"refused"_s, [&] { model->uploadReport(); });
     m_cloud.disturb(u"{\"status\": 500, \"body\": \"0123456789\", \"repeat\": 1000}"_s);
@@ -101,10 +109,13 @@ void CloudActionsTest::downloadLinks()
     m_cloud.disturb(u"{}"_s);
     for (const QString &link :
          {u"https://downloads.tavelo.invalid/a%20b.DMG?x"_s, u"https://elsewhere.example/a.dmg"_s}) {
-        m_cloud.write(u"release-policy.json"_s,
-                      u"{\"update_required\": true, \"download_url\": \"%1\"}"_s.arg(link).toUtf8());
+        m_cloud.write(
+            u"release-policy.json"_s,
+            uR"({"update_required": true, "latest_version": "9.0", "message": "Own", "download_url": "%1"})"_s.arg(link)
+                .toUtf8());
         WatchedViewModel model(mac.services(), std::make_unique<NetworkTransport>());
         QTRY_VERIFY_WITH_TIMEOUT(model->updateRequired(), 20000);
+        QCOMPARE(model->updateMessage(), u"Own"_s);
         model.settle();
         model.take();
         mac.takeCalls();

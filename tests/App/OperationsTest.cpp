@@ -7,6 +7,7 @@
 #include "Workshop.h"
 
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -22,6 +23,7 @@ private Q_SLOTS:
     void primaryActions();
     void presets();
     void locks();
+    void besideOneAnother();
 };
 
 void OperationsTest::operations()
@@ -191,6 +193,45 @@ void OperationsTest::locks()
     QCOMPARE(model->currentAction(), u"Finished VLC"_s);
     model->openReleaseDownload();
     QCOMPARE(model->toast().text, u"Update download link is unavailable."_s);
+}
+
+/// An operation and a scan run beside one another, whichever came first, and beside a sync and a change of language.
+void OperationsTest::besideOneAnother()
+{
+    const AppItem vlc = catalogItem(u"vlc"_s);
+    const AppStrings japanese(AppLanguage::japanese);
+    for (const bool scanFirst : {true, false}) {
+        const SmallMac mac;
+        PlatformServices services = mac.services();
+        const auto launcher = std::make_shared<GatedLauncher>(services, u"/brew"_s);
+        services.processes = launcher;
+        auto transport = std::make_unique<HeldTransport>();
+        HeldTransport &network = *transport;
+        launcher->letPass(2);
+        WatchedViewModel model(services, std::move(transport));
+        const auto opensAtTheEnd = qScopeGuard([&] { launcher->letPass(100); }); // where a check has failed
+        QTRY_COMPARE_WITH_TIMEOUT(model->currentAction(), u"Status refreshed"_s, 20000);
+        if (scanFirst)
+            model->scanMac();
+        model->install(vlc);
+        if (!scanFirst)
+            model->scanMac();
+        model->syncCatalog();
+        QTRY_COMPARE_WITH_TIMEOUT(network.waiting.size(), 2, 20000);
+        network.answer("{}"); // the policy
+        network.answer(R"([{"item_id": "deja-dup", "is_active": false}])");
+        QTRY_COMPARE_WITH_TIMEOUT(model->catalogItems().size(), 4, 20000);
+        model->setLanguage(AppLanguage::japanese);
+        QCOMPARE(model->operationSummaryText(), japanese.operationSummary(0, 1));
+        QVERIFY(model->isInstalling() && model->isReportRefreshing());
+        QTRY_COMPARE_WITH_TIMEOUT(launcher->arrived, 5, 20000); // and the look after the sync
+        launcher->letPass(100);
+        model.settle();
+        QVERIFY(mac.exists(u"/Applications/VLC.app"_s));
+        QVERIFY(model->hasReportSnapshot() && !model->isInstalling() && !model->isReportRefreshing());
+        QVERIFY(model.take().contains(u"toast = success: "_s + japanese.processed(japanese.itemName(vlc))));
+        QCOMPARE(model->operationSummaryText(), japanese.operationSummary(1, 1));
+    }
 }
 
 QTEST_MAIN(OperationsTest)

@@ -29,6 +29,8 @@ AppItem tool(InstallerType type = InstallerType::dmg)
 void furnish(const TemporaryMac &mac)
 {
     addSigningTools(mac);
+    for (const QString &name : {u"codesign"_s, u"curl"_s, u"ditto"_s, u"hdiutil"_s, u"spctl"_s, u"unzip"_s})
+        mac.addTool(u"/opt/homebrew/bin/"_s + name, "exit 9"); // what a name alone would find
     mac.addApp(u"/image/Tool.app"_s, u"org.example.Tool"_s);
     mac.write(u"/image/Tool.app/team"_s, "TEAM1");
     mac.addTool(u"/usr/bin/curl"_s, R"(while [ "$1" != -o ]; do shift; done
@@ -240,6 +242,8 @@ private Q_SLOTS:
         Workshop shop(mac.services());
         QVERIFY(!shop.backend.uninstall(tool())); // the second goes although the first is foreign
         QVERIFY(mac.exists(target) && !mac.exists(own));
+        QVERIFY(shop.texts().contains(
+            u"Từ chối xoá /Applications/Tool.app: bundle ID hoặc chữ ký không khớp manifest Item."_s));
         mac.furnish(u"rm -r .%1"_s.arg(target));
         QVERIFY(shop.backend.uninstall(tool()));
         QVERIFY(shop.texts().contains(u"Không tìm thấy app direct để gỡ: Item"_s));

@@ -54,6 +54,7 @@ private Q_SLOTS:
 [ ! -e "$ROOT/failing-curl" ] || exit 22
 name=${last##*/}
 if [ -e "$ROOT/corrupt-$name" ]; then echo "$name"; else printf '%s' "$name"; fi >"$ROOT$2")");
+        mac.addTool(u"/opt/homebrew/bin/curl"_s, "exit 9"); // what a name alone would find
         mac.addTool(u"/usr/bin/zip"_s, "[ ! -e \"$ROOT/failing-zip\" ] && zip \"$1\" \"$ROOT$2\" \"$3\"");
         mac.addTool(u"/Applications/LibreOffice.app/Contents/MacOS/unopkg"_s,
                     R"([ ! -e "$ROOT/failing-unopkg" ] || exit 1

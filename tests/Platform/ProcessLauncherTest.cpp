@@ -32,6 +32,7 @@ private Q_SLOTS:
         row("killed", "kill -9 $$", 9, 0, 0);
         row("closes its output first", "exec >&- 2>&-; exit 7", 7, 0, 0);
         row("flood", "head -c 5000000 /dev/zero >&2; head -c 5000000 /dev/zero", 0, 5'000'000, 10'000'000);
+        row("more than fits", "head -c 40000000 /dev/zero; head -c 40000000 /dev/zero >&2", 0, 0, 0);
         row("grandchild keeps the pipe",
             "(for i in $(seq 4000); do [ -e \"$ROOT/go\" ] && exit; sleep 0.1; done) & echo; exit 4", 4, 1, 1);
         row("folder and arguments", "test \"$# $1 $PWD\" = \"2 a b $ROOT/Applications\"", 0, 0, 0);

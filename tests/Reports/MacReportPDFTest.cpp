@@ -218,6 +218,7 @@ private Q_SLOTS:
         contents.applications.clear();
         for (int number = 1; number <= 60; ++number)
             contents.applications << application(u"Name%1"_s.arg(number));
+        contents.applications.last().licenseEvidence.reset();
         const ReadPdf pdf(m_office.pdf(contents));
         // Ten on the first page, then 23 a page below the header's 26 points.
         for (const auto &[number, page, top] :
@@ -225,6 +226,7 @@ private Q_SLOTS:
               std::tuple(34, 2, 81), std::tuple(56, 2, 763), std::tuple(57, 3, 81), std::tuple(60, 3, 174)})
             QVERIFY(pdf.has(size_t(page), u"Name%1"_s.arg(number), top + 9) &&
                     pdf.has(size_t(page), QString::number(number), top + 9));
+        QVERIFY(pdf.has(3, u"NO LOCAL EVIDENCE"_s, 174 + 11));
         for (size_t page = 0; page < pdf.pages.size(); ++page) {
             QCOMPARE(pdf.pages.at(page)->page_rect(poppler::media_box).bottom(), 842.);
             QCOMPARE(pdf.pages.at(page)->page_rect(poppler::media_box).right(), 595.);
@@ -241,7 +243,7 @@ private Q_SLOTS:
             return MacReportPDF::workspaceBranding(sampleBranding(name, logo));
         };
         QList<WorkspaceBranding> brandings{
-            branded(u"Cửa hàng"_s, {320, 120}), branded(u"Cửa hàng"_s, {40, 400}), {QString(120, u'M'), {}}};
+            branded(u"Cửa hàng"_s, {24, 9}), branded(u"Cửa hàng"_s, {40, 400}), {QString(120, u'M'), {}}};
         for (int number = 0; number < 80; ++number)
             brandings << WorkspaceBranding{u"%1 & sons"_s.arg(qint64(1) << number % 60).repeated(1 + number % 3), {}};
         QBuffer buffer;

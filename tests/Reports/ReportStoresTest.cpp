@@ -91,6 +91,9 @@ private Q_SLOTS:
         QCOMPARE(shop.mac.mode(file), 0600);
         const ReportSnapshot moved{u"Báo cáo\n"_s, snapshot->applications, StillClock().now()};
         QCOMPARE(shop.store().load(), moved);
+        QVERIFY(shop.services.defaults->setData(earlierKey, QByteArray(earlier).replace("Báo cáo", "Cũ")));
+        QCOMPARE(shop.store().load(), moved);
+        QVERIFY(shop.isMoved());
     }
 
     void refusals()

@@ -56,6 +56,17 @@ QStringList ProgramOnAMac::logLines() const
         .split(u'\n', Qt::SkipEmptyParts);
 }
 
+QStringList ProgramOnAMac::leftovers() const
+{
+    QStringList left;
+    for (const char *folder : {"mounts", "extract"}) {
+        const QDir cache(hostPath(QStringLiteral("/Users/technician/Library/Caches/tavelo-deskrig/")) +
+                         QString::fromLatin1(folder));
+        left += cache.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    }
+    return left;
+}
+
 QStringList ProgramOnAMac::takeCalls() const
 {
     const QString record = QStringLiteral("/private/var/log/simulated-mac/calls.log");

@@ -34,6 +34,9 @@ public:
     QByteArray contents(const QString &macPath) const;
     QStringList logLines() const;
 
+    /// What vendor downloads have left in their working folders; nothing, after whatever end.
+    QStringList leftovers() const;
+
     /// What the Mac's tools were called with since the last time, a line a call.
     QStringList takeCalls() const;
 
