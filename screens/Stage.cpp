@@ -14,11 +14,14 @@ namespace Tavelo
 namespace
 {
 
-/// Answers the question for the release policy, and leaves any other without an answer.
+/// Answers the question for the release policy, and notes any other and leaves it without an answer.
 class PolicyTransport : public HttpTransport
 {
 public:
-    explicit PolicyTransport(QByteArray policy) : m_policy(std::move(policy)) {}
+    PolicyTransport(QByteArray policy, std::shared_ptr<QStringList> requests)
+        : m_policy(std::move(policy)), m_requests(std::move(requests))
+    {
+    }
 
     void send(const HttpRequest &request, Receive receive) override
     {
@@ -26,12 +29,16 @@ public:
             QMetaObject::invokeMethod(
                 &m_later, [policy = m_policy, receive] { receive({.error = {}, .location = {}, .body = policy}); },
                 Qt::QueuedConnection);
-        else
+        else {
+            m_requests->append(
+                QString(request.url.fileName() + u' ' + QString::fromUtf8(request.body.value_or(""))).trimmed());
             m_waiting.append(std::move(receive));
+        }
     }
 
 private:
     QByteArray m_policy;
+    std::shared_ptr<QStringList> m_requests;
     QList<Receive> m_waiting;
     QObject m_later;
 };
@@ -61,7 +68,7 @@ Stage::Stage(const ProgramOnAMac &mac, AppLanguage language, const QByteArray &r
     }
     const PlatformServices services = PlatformServices::make(environment);
     services.defaults->setText(AppLanguages::storedKey.toString(), rawValue(language));
-    open(services, std::make_unique<PolicyTransport>(releasePolicy));
+    open(services, std::make_unique<PolicyTransport>(releasePolicy, m_requests));
 }
 
 Stage::Stage(const ProgramOnAMac &mac, std::unique_ptr<HttpTransport> transport)

@@ -11,8 +11,10 @@
 #include <QImage>
 #include <QSize>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
+#include <utility>
 
 class QQuickItem;
 class QQuickWindow;
@@ -44,12 +46,16 @@ public:
     void pass(int milliseconds);
     void advance(std::chrono::milliseconds duration) { m_clock->advance(duration); }
 
+    /// What the cloud was asked since the last time, but for the release policy: last part of the path, and body.
+    QStringList takeRequests() { return std::exchange(*m_requests, {}); }
+
     void resize(QSize size);
     QImage picture();
 
 private:
     void open(PlatformServices services, std::unique_ptr<HttpTransport> transport);
 
+    std::shared_ptr<QStringList> m_requests = std::make_shared<QStringList>();
     std::shared_ptr<StillClock> m_clock = std::make_shared<StillClock>();
     WorkPool m_pool;
     std::unique_ptr<DeskrigViewModel> m_model;

@@ -1,6 +1,6 @@
 # shellcheck shell=bash
-# What the project needs from outside, and the one way to install what is missing. Sourced by run, test, bench/run and
-# .ci/run; says what it does on standard error, and nothing when there is nothing to do.
+# What the project needs from outside (on a Mac: Brewfile), and the one way to install what is missing. Sourced by run,
+# test, bench/run and .ci/run; says what it does on standard error, and nothing when there is nothing to do.
 
 debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-image-formats-plugins libplist-dev libqpdf-dev
     libssl-dev fonts-inter fonts-noto-cjk fonts-noto-core openssl ca-certificates zip unzip
@@ -10,35 +10,40 @@ debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-image-f
     qml6-module-qtqml-workerscript qml6-module-qt-labs-folderlistmodel)
 # CMake finds qt6-httpserver-dev only with qt6-websockets-dev beside it, which it does not ask for.
 debian_test_packages=(libpoppler-cpp-dev qpdf qt6-httpserver-dev qt6-websockets-dev)
+debian_reliability_packages=(faketime jq qpdf time)
 debian_check_packages=(clang clang-format clang-tidy libclang-rt-14-dev shellcheck)
-homebrew_build_packages=(cmake ninja pkg-config qt libplist qpdf openssl@3)
-homebrew_test_packages=(poppler qpdf)
 
-# install_packages build|test|check …: installs the packages of those lists that are missing.
+# install_packages build|test|check …: installs the packages of those lists that are missing; on a Mac, all of them.
 install_packages() {
     local list names=()
+    if [ "$(uname -s)" = Darwin ]; then
+        install_homebrew_packages
+        return
+    fi
     for list in "$@"; do
-        case $(uname -s)-$list in
-        Darwin-build) names+=("${homebrew_build_packages[@]}") ;;
-        Darwin-test) names+=("${homebrew_test_packages[@]}") ;;
-        Darwin-*) ;;
-        *-build) names+=("${debian_build_packages[@]}") ;;
-        *-test) names+=("${debian_test_packages[@]}") ;;
-        *-check) names+=("${debian_check_packages[@]}") ;;
+        case $list in
+        build) names+=("${debian_build_packages[@]}") ;;
+        test) names+=("${debian_test_packages[@]}") ;;
+        check) names+=("${debian_check_packages[@]}") ;;
+        reliability) names+=("${debian_reliability_packages[@]}") ;;
         esac
     done
-    case $(uname -s) in
-    Darwin) install_homebrew_packages "${names[@]}" ;;
-    *) install_debian_packages "${names[@]}" ;;
-    esac
+    install_debian_packages "${names[@]}"
 }
 
+# Looks for the packages by itself: asking Homebrew takes seconds.
 install_homebrew_packages() {
-    local name missing=()
-    for name in "$@"; do
-        [ -e "$(brew --prefix)/opt/$name" ] || missing+=("$name")
-    done
-    [ ${#missing[@]} -eq 0 ] || brew install "${missing[@]}" >&2
+    local prefix kind name
+    prefix=$(brew --prefix) || {
+        echo "Please install Homebrew (https://brew.sh), then start again." >&2
+        return 1
+    }
+    while read -r kind name; do
+        [ "$kind" = brew ] && [ -e "$prefix/opt/$name" ] && continue
+        [ "$kind" = cask ] && [ -e "$prefix/Caskroom/$name" ] && continue
+        brew bundle install --no-upgrade --file=Brewfile </dev/null >&2
+        return
+    done < <(sed -nE 's/^(brew|cask) "(.*)"$/\1 \2/p' Brewfile)
 }
 
 install_debian_packages() {

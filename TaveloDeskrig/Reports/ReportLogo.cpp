@@ -66,11 +66,11 @@ QImage appLogo(const FileManager &files, const QString &resourcesDirectory)
     return logo.isNull() ? fallbackAppLogo() : logo;
 }
 
-QImage fallbackAppLogo()
+QImage fallbackAppLogo(int pixels)
 {
     constexpr int side = 128;
-    constexpr int scale = 2;
-    QImage image(side * scale, side * scale, QImage::Format_ARGB32_Premultiplied);
+    const double scale = double(pixels) / side;
+    QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);

@@ -17,8 +17,8 @@ namespace MacReportPDF
 /// bundle, else `fallbackAppLogo`. Never null.
 QImage appLogo(const FileManager &files, const QString &resourcesDirectory);
 
-/// A mark drawn by the program itself, 128 by 128 units of two pixels each.
-QImage fallbackAppLogo();
+/// A mark drawn by the program itself, in a square of so many pixels a side. Needs the GUI application object.
+QImage fallbackAppLogo(int pixels = 256);
 
 /// The largest rectangle of the image's shape in `rect`, centred. A dimension below 1 does not limit it.
 QRectF fittedRect(const QSizeF &imageSize, const QRectF &rect);

@@ -70,14 +70,19 @@ Rectangle {
             Accessible.role: Accessible.List
             Accessible.name: table.viewModel.strings.text(Labels.AppI18nKey.macInventory)
 
-            Keys.onReturnPressed: table.viewModel.showApplication(currentIndex)
-            Keys.onEnterPressed: table.viewModel.showApplication(currentIndex)
+            Keys.onReturnPressed: event => showCurrent(event)
+            Keys.onEnterPressed: event => showCurrent(event)
             Keys.onPressed: event => {
                 const page = Math.max(1, Math.floor(height / 60));
                 const row = event.key === Qt.Key_Home ? 0 : event.key === Qt.Key_End ? count - 1 : event.key === Qt.Key_PageUp ? currentIndex - page : event.key === Qt.Key_PageDown ? currentIndex + page : -1;
                 event.accepted = [Qt.Key_Home, Qt.Key_End, Qt.Key_PageUp, Qt.Key_PageDown].includes(event.key);
                 if (event.accepted)
                     currentIndex = Math.max(0, Math.min(row, count - 1));
+            }
+
+            function showCurrent(event: KeyEvent) {
+                if (!event.isAutoRepeat)
+                    table.viewModel.showApplication(currentIndex);
             }
 
             T.ScrollBar.vertical: DeskScrollBar {}

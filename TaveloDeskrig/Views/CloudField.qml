@@ -6,7 +6,12 @@ ReportField {
     signal submitted
 
     text: ""
-    Keys.onReturnPressed: submitted()
-    Keys.onEnterPressed: submitted()
+    Keys.onReturnPressed: event => submit(event)
+    Keys.onEnterPressed: event => submit(event)
     onEdited: written => text = written
+
+    function submit(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            submitted();
+    }
 }

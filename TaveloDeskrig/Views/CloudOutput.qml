@@ -7,6 +7,7 @@ Rectangle {
     id: output
 
     required property string text
+    required property string label
 
     implicitHeight: Math.min(96, area.contentHeight + 16)
     radius: Design.radius
@@ -15,6 +16,8 @@ Rectangle {
     border.color: Design.focusRing
 
     Flickable {
+        id: view
+
         anchors.fill: parent
         clip: true
         boundsBehavior: Flickable.StopAtBounds
@@ -32,9 +35,11 @@ Rectangle {
             selectedTextColor: "white"
             padding: 8
             font.pixelSize: 11
-            Accessible.name: output.text
+            Accessible.name: output.label
 
             Keys.priority: Keys.BeforeItem
+            Keys.onUpPressed: view.flick(0, 600)
+            Keys.onDownPressed: view.flick(0, -600)
             Keys.onTabPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
             Keys.onBacktabPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
         }

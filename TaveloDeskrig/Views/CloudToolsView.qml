@@ -144,6 +144,7 @@ SheetView {
     }
     CloudOutput {
         objectName: "cloud-output"
+        label: header.title
         text: sheet.viewModel.cloudOutput
         Layout.fillWidth: true
     }

@@ -30,7 +30,12 @@ T.Button {
     opacity: enabled ? 1 : 0.55
     font.pixelSize: 12
     font.weight: Font.DemiBold
+    Accessible.name: text
     Accessible.description: help
+    Accessible.onPressAction: {
+        if (enabled)
+            clicked();
+    }
 
     function press(event: KeyEvent) {
         if (!event.isAutoRepeat)

@@ -2,9 +2,11 @@
 
 #include "DeskrigViewModel.h"
 #include "ReportFonts.h"
+#include "ReportLogo.h"
 #include "Symbols.h"
 
 #include <QAccessible>
+#include <QGuiApplication>
 #include <QQmlApplicationEngine>
 #include <QQuickItem>
 #include <QQuickStyle>
@@ -34,6 +36,13 @@ void announce(const QQuickWindow &window, const QString &objectName)
         QAccessibleEvent event(item, QAccessible::Alert);
         QAccessible::updateAccessibility(&event);
     }
+}
+
+/// A Mac takes the icon from the bundle, and would put this one beside the window's title.
+void setIcon(QQuickWindow &window)
+{
+    if (QGuiApplication::platformName() != u"cocoa")
+        window.setIcon(QIcon(QPixmap::fromImage(MacReportPDF::fallbackAppLogo())));
 }
 
 /// Calls once after the first frame, which a window that is not to be seen yet does not draw.
@@ -90,7 +99,10 @@ DeskrigWindow::DeskrigWindow(DeskrigViewModel &model, const std::function<void()
             announce(*window, u"status-line"_s);
     });
     QObject::connect(&model, &DeskrigViewModel::currentActionChanged, status, qOverload<>(&QTimer::start));
-    callAfterFirstFrame(*window, onFirstFrame);
+    callAfterFirstFrame(*window, [window, onFirstFrame] {
+        onFirstFrame();
+        setIcon(*window);
+    });
     window->show();
 }
 

@@ -7,7 +7,6 @@ Item {
     id: state
 
     property string symbol: ""
-    property real symbolSize: 30
     property string title: ""
     property real titleSize: 18
     property string detail: ""
@@ -28,7 +27,7 @@ Item {
 
         SymbolIcon {
             symbol: state.symbol
-            size: state.symbolSize
+            size: 30
             color: Design.mutedText
             Layout.alignment: Qt.AlignHCenter
         }

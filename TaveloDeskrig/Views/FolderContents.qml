@@ -75,8 +75,13 @@ Rectangle {
                 contents.fileChosen(entries.get(index, "fileName"));
         }
 
-        Keys.onReturnPressed: open(currentIndex)
-        Keys.onEnterPressed: open(currentIndex)
+        function openCurrent(event: KeyEvent) {
+            if (!event.isAutoRepeat)
+                open(currentIndex);
+        }
+
+        Keys.onReturnPressed: event => openCurrent(event)
+        Keys.onEnterPressed: event => openCurrent(event)
 
         T.ScrollBar.vertical: DeskScrollBar {}
 

@@ -22,6 +22,7 @@ Banner {
 
         DeskText {
             text: banner.viewModel.updateTitle
+            maximumLineCount: 1
             font.weight: Font.Bold
             Layout.fillWidth: true
         }

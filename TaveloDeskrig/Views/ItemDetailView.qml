@@ -47,6 +47,7 @@ SheetView {
     DetailList {
         model: sheet.viewModel.sheetDetails
         spacing: 8
+        Accessible.name: sheet.viewModel.sheetHead.title
         Layout.fillWidth: true
         Layout.fillHeight: true
 

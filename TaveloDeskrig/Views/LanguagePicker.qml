@@ -46,6 +46,8 @@ T.ComboBox {
     // The template would close at the release what the press has opened.
     Keys.onReleased: event => event.accepted = isReturn(event)
 
+    Accessible.description: displayText
+
     contentItem: DeskText {
         text: picker.displayText
         Accessible.ignored: true

@@ -9,7 +9,6 @@ RowLayout {
     property string title: ""
     property string subtitle: ""
     property string symbol: ""
-    property real symbolSize: 22
     property real titleSize: 22
     property real subtitleSize: 13
     property color titleColor: Design.text
@@ -24,7 +23,7 @@ RowLayout {
     SymbolIcon {
         visible: header.symbol !== ""
         symbol: header.symbol
-        size: header.symbolSize
+        size: 22
         color: Design.primary
         Layout.alignment: Qt.AlignTop
     }

@@ -18,8 +18,13 @@ FocusScope {
 
     onDismissed: viewModel.dismissSheet()
     Keys.onEscapePressed: dismissed()
-    Keys.onReturnPressed: accepted()
-    Keys.onEnterPressed: accepted()
+    Keys.onReturnPressed: event => accept(event)
+    Keys.onEnterPressed: event => accept(event)
+
+    function accept(event: KeyEvent) {
+        if (!event.isAutoRepeat)
+            accepted();
+    }
 
     ColumnLayout {
         id: column

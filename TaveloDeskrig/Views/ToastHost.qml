@@ -10,7 +10,7 @@ T.Popup {
 
     required property DeskrigViewModel viewModel
     readonly property bool shown: viewModel.toast.isShown
-    property string text: viewModel.toast.text
+    property string text: viewModel.toast.text // from its making, so that it is laid out with its words
     property int kind: viewModel.toast.kind
     property real offset: 0
 

@@ -1,8 +1,8 @@
 import QtQuick
-import QtQuick.Layouts
 import Tavelo.Views
 
-// A short message.
+// A short message. Its width follows from the words alone: what a text wants changes with the room that it gets, and
+// that with what it wants.
 Item {
     id: view
 
@@ -11,8 +11,8 @@ Item {
     property real offset: 0
     readonly property tone look: Tones.toast(kind)
 
-    implicitWidth: Math.min(360, row.implicitWidth + 28)
-    implicitHeight: row.implicitHeight + 20
+    implicitWidth: Math.min(360, icon.width + Math.ceil(measure.advanceWidth) + 38)
+    implicitHeight: message.implicitHeight + 20
     Accessible.role: Accessible.AlertMessage
     Accessible.name: text
 
@@ -20,6 +20,12 @@ Item {
         y: view.offset
     }
 
+    TextMetrics {
+        id: measure
+
+        text: view.text
+        font: message.font
+    }
     SoftShadow {}
     Rectangle {
         anchors.fill: parent
@@ -27,27 +33,26 @@ Item {
         color: Design.card
         border.color: view.look.border
     }
-    RowLayout {
-        id: row
+    SymbolIcon {
+        id: icon
 
-        anchors.fill: parent
+        anchors.left: parent.left
         anchors.leftMargin: 14
-        anchors.rightMargin: 14
-        anchors.topMargin: 10
-        anchors.bottomMargin: 10
-        spacing: 10
+        anchors.verticalCenter: parent.verticalCenter
+        symbol: view.look.symbol
+        size: 15
+        color: view.look.text
+    }
+    WrappedText {
+        id: message
 
-        SymbolIcon {
-            symbol: view.look.symbol
-            size: 15
-            color: view.look.text
-        }
-        WrappedText {
-            text: view.text
-            maximumLineCount: 4
-            font.weight: Font.DemiBold
-            Layout.fillWidth: true
-            Accessible.ignored: true
-        }
+        anchors.left: icon.right
+        anchors.leftMargin: 10
+        anchors.verticalCenter: parent.verticalCenter
+        width: view.implicitWidth - icon.width - 38
+        text: view.text
+        maximumLineCount: 4
+        font.weight: Font.DemiBold
+        Accessible.ignored: true
     }
 }

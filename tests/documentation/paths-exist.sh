@@ -6,7 +6,7 @@ passed=0
 failed=0
 for document in README.md CONTRIBUTING.md docs/*.md; do
     paths=$(sed -n '/^```/,/^```/!p' "$document" |
-        grep -oE '`((TaveloDeskrig|tests|docs|simulated-mac|local-cloud|bench|fuzz|scripts|cmake)(/[A-Za-z0-9_./-]+)?|run|test|\.ci/run)`|\]\([^):]+\)' |
+        grep -oE '`((TaveloDeskrig|tests|docs|simulated-mac|local-cloud|bench|fonts|icon|fuzz|report-samples|screens|scripts|cmake)(/[A-Za-z0-9_./-]+)?|run|test|Brewfile|\.ci/run|\.github/workflows/ci\.yml)`|\]\([^):]+\)' |
         sed 's/^`//; s/`$//; s/^](\(.*\))$/\1/' | sort -u)
     for path in $paths; do
         if [ -e "$path" ] || [ -e "$(dirname "$document")/$path" ]; then

@@ -5,6 +5,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstdarg>
@@ -58,10 +59,8 @@ int failure(const std::string &path, Need need, const Half &half)
         return 0;
     const auto [kind, code, at] = state->fault;
     const int number = ++state->count;
-    const bool isFull = kind == FaultyDisk::Kind::full && number > at && need == Need::space;
-    if (number != at && !isFull)
-        return 0;
-    if (kind == FaultyDisk::Kind::full && need != Need::space)
+    const bool isFull = kind == FaultyDisk::Kind::full;
+    if (isFull ? number < at || need != Need::space : number != at)
         return 0;
     half();
     if (kind == FaultyDisk::Kind::death)
