@@ -1,5 +1,7 @@
 #include "Driving.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QRegularExpression>
@@ -32,6 +34,15 @@ void click(Stage &stage, const QString &name)
 void key(Stage &stage, Qt::Key key)
 {
     QTest::keyClick(&stage.window(), key);
+    stage.pass(20);
+}
+
+void hold(Stage &stage, Qt::Key key)
+{
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease, QEvent::KeyPress}) {
+        QKeyEvent event(type, key, {}, {}, true);
+        QCoreApplication::sendEvent(&stage.window(), &event);
+    }
     stage.pass(20);
 }
 

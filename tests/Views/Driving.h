@@ -19,6 +19,8 @@ QPoint middle(Stage &stage, const QString &name);
 /// A click there.
 void click(Stage &stage, const QString &name);
 void key(Stage &stage, Qt::Key key);
+/// What the system sends while a key that went down before stays down.
+void hold(Stage &stage, Qt::Key key);
 void type(Stage &stage, const QString &text);
 
 /// The name of the item that the keyboard is at, or of the nearest one around it that has one.

@@ -263,6 +263,7 @@ void SheetsTest::asksTheCloud()
     tabRound(stage, [&](const QString &name) {
         if (stage.window().activeFocusItem()->inherits("QQuickTextInput")) {
             type(stage, QString(QLatin1Char(letter++)));
+            hold(stage, Qt::Key_Return);
         } else if (name.endsWith(u"-button") && !name.contains(u"close")) {
             key(stage, Qt::Key_Space);
             stage.settle(); // the upload looks at the Mac first
@@ -301,6 +302,8 @@ void SheetsTest::showsOneApplicationsEvidence()
     stage.pass(300);
     QCOMPARE(stage.model().sheetKind(), SheetKind::auditDetail);
     QCOMPARE(stage.model().sheetHead().title, stage.model().reportApplications()->records().at(1).name);
+    hold(stage, Qt::Key_Return);
+    QCOMPARE(stage.model().sheetKind(), SheetKind::auditDetail);
     key(stage, Qt::Key_Return);
     stage.settle();
     QCOMPARE(stage.model().sheetKind(), SheetKind::none);
