@@ -175,10 +175,9 @@ void WindowTest::keepsTheKeyboardAtThePressedRow()
     click(stage, u"install-gimp"_s); // not the first row
     QVERIFY(!isEnabled(stage, u"install-gimp"_s));
     QCOMPARE(focused(stage), u"item-list"_s);
-    const QString action = stage.model().currentAction();
     key(stage, Qt::Key_Return);
-    QCOMPARE(stage.model().currentAction(), action);
     stage.settle();
+    QCOMPARE(stage.model().logLines()->lines().filter(u"Bắt đầu cài: "_s).size(), 1);
     key(stage, Qt::Key_Delete);
     QCOMPARE(stage.model().pendingUninstall()->id, u"gimp"_s);
     stage.model().cancelUninstall();
