@@ -10,8 +10,13 @@ function(add_project_test name)
   set(environment QT_QPA_PLATFORM=offscreen)
   if(TAVELO_SANITIZE STREQUAL thread)
     # A test starts threads after it has started processes, which is safe: a child executes another program at once.
-    list(APPEND environment
-      "TSAN_OPTIONS=die_after_fork=0:suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/thread.supp")
+    set(options "die_after_fork=0:suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/thread.supp")
+    if("RunningCloud" IN_LIST test_USES)
+      # Requests pass through a thread of Qt's own, which hands its data over under locks that cannot be seen, since the
+      # library is not instrumented. What our own code does is still watched.
+      string(APPEND options ":ignore_noninstrumented_modules=1")
+    endif()
+    list(APPEND environment "TSAN_OPTIONS=${options}")
   endif()
   set_tests_properties(${name} PROPERTIES TIMEOUT 300 ENVIRONMENT "${environment}")
 endfunction()
