@@ -17,6 +17,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <atomic>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -173,19 +174,21 @@ private Q_SLOTS:
 
     void heldWork()
     {
-        QString done;
-        const auto write = [&done](QChar letter) { return [&done, letter] { done += letter; }; };
-        WorkPool pool(1);
+        std::atomic<int> done = 0;
+        const auto add = [&done](int number) { return [&done, number] { done += number; }; };
+        WorkPool pool;
         pool.holdBack();
-        pool.start(write(u'x'));
+        pool.start(add(1000));
         pool.clear();
-        pool.start(write(u'a'));
-        pool.start(write(u'b'));
-        QVERIFY(pool.waitForDone() && done.isEmpty());
+        pool.start(add(100));
+        pool.start(add(10));
+        QVERIFY(pool.waitForDone() && done == 0);
         pool.letGo();
-        pool.start(write(u'c'));
         pool.waitForDone();
-        QCOMPARE(done, u"abc"_s);
+        QCOMPARE(done, 110);
+        pool.start(add(1));
+        pool.waitForDone();
+        QCOMPARE(done, 111);
     }
 
     void sheets()
