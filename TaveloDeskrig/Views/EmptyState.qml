@@ -22,7 +22,7 @@ Item {
         id: column
 
         anchors.centerIn: parent
-        width: Math.min(parent.width, 460)
+        width: Math.min(parent.width, 620)
         spacing: 8
 
         SymbolIcon {
