@@ -7,13 +7,15 @@
 
 #include <QAccessible>
 #include <QGuiApplication>
-#include <QQmlApplicationEngine>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickStyle>
 #include <QQuickWindow>
 #include <QTimer>
 
 #include <chrono>
+#include <future>
 
 using namespace Qt::StringLiterals;
 
@@ -23,7 +25,8 @@ namespace Tavelo
 {
 
 struct DeskrigWindow::Engine {
-    QQmlApplicationEngine engine;
+    QQmlEngine engine;
+    std::unique_ptr<QObject> root;
 };
 
 namespace
@@ -60,6 +63,24 @@ void callAfterFirstFrame(QQuickWindow &window, const std::function<void()> &call
     once->start(longest);
 }
 
+/// The views' root, not shown yet; nothing where it could not be made, which standard error then tells. The faces are
+/// made ready while the views' types are read, since both take long and neither needs the other.
+std::unique_ptr<QObject> makeRoot(QQmlEngine &engine, DeskrigViewModel &model)
+{
+    std::future<QFont> font = std::async(std::launch::async, [language = model.language()] {
+        Symbols::family();
+        return ReportFonts::font(language);
+    });
+    engine.addImportPath(u"qrc:/qt/qml"_s);
+    QQmlComponent component(&engine, QUrl(u"qrc:/qt/qml/Tavelo/Views/DeskrigWindow.qml"_s));
+    std::unique_ptr<QObject> root(component.createWithInitialProperties(
+        {{u"viewModel"_s, QVariant::fromValue(&model)}, {u"font"_s, font.get()}}));
+    const QList<QQmlError> errors = component.errors();
+    for (const QQmlError &error : errors)
+        qWarning("%s", qPrintable(error.toString()));
+    return root;
+}
+
 } // namespace
 
 DeskrigWindow::DeskrigWindow(DeskrigViewModel &model, const std::function<void()> &onFirstFrame)
@@ -70,13 +91,7 @@ DeskrigWindow::DeskrigWindow(DeskrigViewModel &model, const std::function<void()
     if (QQuickStyle::name() != u"Basic")
         QQuickStyle::setStyle(u"Basic"_s);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
-    Symbols::family();
-
-    QQmlApplicationEngine &engine = m_engine->engine;
-    engine.addImportPath(u"qrc:/qt/qml"_s);
-    engine.setInitialProperties(
-        {{u"viewModel"_s, QVariant::fromValue(&model)}, {u"font"_s, ReportFonts::font(model.language())}});
-    engine.load(QUrl(u"qrc:/qt/qml/Tavelo/Views/DeskrigWindow.qml"_s));
+    m_engine->root = makeRoot(m_engine->engine, model);
     QQuickWindow *const window = this->window();
     if (!window)
         return;
@@ -110,7 +125,7 @@ DeskrigWindow::~DeskrigWindow() = default;
 
 QQuickWindow *DeskrigWindow::window() const
 {
-    return qobject_cast<QQuickWindow *>(m_engine->engine.rootObjects().value(0));
+    return qobject_cast<QQuickWindow *>(m_engine->root.get());
 }
 
 } // namespace Tavelo
