@@ -1,5 +1,6 @@
 // Start-up, timers, language and end of the view model, over a simulated Mac with real processes.
 
+#include "Catalog.h"
 #include "GatedLauncher.h"
 #include "SmallMac.h"
 #include "UserDefaults.h"
@@ -48,10 +49,11 @@ void DeskrigViewModelTest::startUp()
         QCOMPARE(model->statuses().value(item.id), item.kind == AppKind::blocked   ? InstallStatus::blocked
                                                    : item.kind == AppKind::builtin ? InstallStatus::installed
                                                                                    : InstallStatus::missing);
-    QCOMPARE(model->progressText(), u"%1%"_s.arg(model->installedCount() * 100 / 28));
-    QCOMPARE(model->logLines()->lines(), QStringList({u"[03:04:05] Khởi động UI native SwiftUI/AppKit."_s,
-                                                      u"[03:04:05] Catalog Linux đã map sang macOS: 28 mục."_s,
-                                                      u"[03:04:05] Bắt đầu refresh trạng thái native backend."_s}));
+    QCOMPARE(model->progressText(), u"%1%"_s.arg(model->installedCount() * 100 / Catalog::items().size()));
+    QCOMPARE(model->logLines()->lines(),
+             QStringList({u"[03:04:05] Khởi động UI native SwiftUI/AppKit."_s,
+                          u"[03:04:05] Catalog Linux đã map sang macOS: %1 mục."_s.arg(Catalog::items().size()),
+                          u"[03:04:05] Bắt đầu refresh trạng thái native backend."_s}));
     // The look at the items and the readiness check stand before a tool at the same time; the policy waits for neither.
     QTRY_COMPARE_WITH_TIMEOUT(launcher->arrived, 1, 20000);
     QTRY_VERIFY_WITH_TIMEOUT(model->coreReadinessLabel() != u"CHECK", 20000);

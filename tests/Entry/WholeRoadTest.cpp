@@ -144,7 +144,9 @@ void WholeRoadTest::twoVendorsOfferTheWrongThing()
         mac.furnish(u"set-download"_s, {address, u"--file"_s, file});
     }
     const QStringList full{u"--preset"_s, u"full"_s, u"--yes"_s};
-    QCOMPARE(ending(mac, mac.run(full)), u"1: Hoàn tất: 23 thành công, 2 lỗi.; Telegram Desktop, Slack"_s);
+    const auto first = mac.run(full);
+    const auto planned = first.output.count(u"\n- "_s);
+    QCOMPARE(ending(mac, first), u"1: Hoàn tất: %1 thành công, 2 lỗi.; Telegram Desktop, Slack"_s.arg(planned - 2));
     QCOMPARE(halfInstalled(mac), QStringList());
     const QStringList before = report(mac);
     QCOMPARE(QStringList(before.filter(u"]: Chưa cài"_s)),
@@ -154,7 +156,7 @@ void WholeRoadTest::twoVendorsOfferTheWrongThing()
     for (qsizetype at = 0; at < genuine.size(); at += 3)
         mac.furnish(u"set-download"_s, genuine.mid(at, 3));
     mac.takeCalls();
-    QCOMPARE(ending(mac, mac.run(full)), u"0: Hoàn tất: 25 thành công, 0 lỗi.; "_s);
+    QCOMPARE(ending(mac, mac.run(full)), u"0: Hoàn tất: %1 thành công, 0 lỗi.; "_s.arg(planned));
     const QStringList calls = mac.takeCalls();
     QCOMPARE(calls.filter(u"brew install"_s), QStringList());
     QCOMPARE(calls.filter(QRegularExpression(u"^ditto "_s)).size(), 2);
