@@ -129,7 +129,7 @@ void AuditFlowTest::systemCheckGivesWay()
     model->refreshChecks(true);
     audit.settled();
     QCOMPARE(model->activeSheet().kind(), Sheet::Kind::report);
-    QCOMPARE(model->logLines()->lines().filter(u"CHECK "_s).size(), 9);
+    QCOMPARE(model->logLines()->lines().filter(u"CHECK "_s).size(), model->latestChecks()->rowCount());
 
     // A scan and a check side by side: both end, and the flag of the scan is cleared.
     model->scanMac();
