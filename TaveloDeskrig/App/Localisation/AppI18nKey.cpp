@@ -117,7 +117,8 @@ constexpr KeyedTexts<AppI18nKey> labels[] = {
      u"downloadUpdate",
      {u"Download update", u"Tải bản cập nhật", u"업데이트 다운로드", u"アップデートをダウンロード", u"下载更新"}},
 };
-static_assert(isIndexedByKey(labels, AppI18nKey::downloadUpdate));
+static_assert(isIndexedByKey(labels, AppI18nKey::downloadUpdate),
+              "one text for each key, in the order of the keys, of which the last stands here");
 
 } // namespace
 

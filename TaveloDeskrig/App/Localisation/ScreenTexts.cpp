@@ -178,7 +178,8 @@ constexpr KeyedTexts<ScreenText> texts[] = {
      u"saveDeviceFields",
      {u"Save device fields", u"Lưu thông tin thiết bị", u"기기 정보 저장", u"デバイス情報を保存", u"保存设备信息"}},
 };
-static_assert(isIndexedByKey(texts, ScreenText::saveDeviceFields));
+static_assert(isIndexedByKey(texts, ScreenText::saveDeviceFields),
+              "one text for each key, in the order of the keys, of which the last stands here");
 
 } // namespace
 
