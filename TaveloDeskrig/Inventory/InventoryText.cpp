@@ -1,6 +1,5 @@
 #include "InventoryText.h"
 
-#include <QRegularExpression>
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
@@ -10,8 +9,18 @@ namespace Tavelo
 
 QStringList linesOf(const QString &text)
 {
-    static const QRegularExpression newline(QStringLiteral("[\\n\\x0B\\f\\r\\x{85}\\x{2028}\\x{2029}]"));
-    return text.split(newline, Qt::SkipEmptyParts);
+    const auto endsLine = [](QChar character) {
+        const char16_t code = character.unicode();
+        return (code >= u'\n' && code <= u'\r') || code == 0x85 || code == 0x2028 || code == 0x2029;
+    };
+    QStringList lines;
+    for (auto begin = text.cbegin(); begin != text.cend();) {
+        const auto end = std::find_if(begin, text.cend(), endsLine);
+        if (end != begin)
+            lines << QString(begin, end - begin);
+        begin = end == text.cend() ? end : end + 1;
+    }
+    return lines;
 }
 
 QString withoutControls(const QString &text)

@@ -3,7 +3,11 @@
 #include "InstalledMacApplication.h"
 #include "ReportColors.h"
 
+#include <QStringMatcher>
+
 #include <algorithm>
+
+using namespace Qt::StringLiterals;
 
 namespace Tavelo::MacReportPDF
 {
@@ -79,16 +83,21 @@ ReportBadge licenseEvidenceBadge(AppLicenseEvidenceState state, bool vietnamese)
 
 QColor detailTint(const QString &text)
 {
-    const QString upper = text.toUpper();
-    const auto hasOneOf = [&](const QStringList &words) {
-        return std::any_of(words.cbegin(), words.cend(), [&](const QString &word) { return upper.contains(word); });
-    };
+    using Words = QList<QStringMatcher>;
     // "NOT INSTALLED" holds "INSTALLED" and is green: the status of a catalog item informs, it does not warn.
-    if (hasOneOf({QStringLiteral(": OK"), QStringLiteral("ĐÃ CÀI"), QStringLiteral("INSTALLED")}))
+    static const Words good{QStringMatcher(u": OK"_s), QStringMatcher(u"ĐÃ CÀI"_s), QStringMatcher(u"INSTALLED"_s)};
+    static const Words missing{QStringMatcher(u"WARN"_s), QStringMatcher(u"CHƯA CÀI"_s),
+                               QStringMatcher(u"NOT INSTALLED"_s)};
+    static const Words impossible{QStringMatcher(u"UNSUPPORTED"_s), QStringMatcher(u"KHÔNG HỖ TRỢ"_s)};
+    const QString upper = text.toUpper();
+    const auto hasOneOf = [&](const Words &words) {
+        return std::any_of(words.cbegin(), words.cend(), [&](const auto &word) { return word.indexIn(upper) >= 0; });
+    };
+    if (hasOneOf(good))
         return ReportColors::green;
-    if (hasOneOf({QStringLiteral("WARN"), QStringLiteral("CHƯA CÀI"), QStringLiteral("NOT INSTALLED")}))
+    if (hasOneOf(missing))
         return {0xF5, 0x9E, 0x0B};
-    if (hasOneOf({QStringLiteral("UNSUPPORTED"), QStringLiteral("KHÔNG HỖ TRỢ")}))
+    if (hasOneOf(impossible))
         return {0xDC, 0x26, 0x26};
     return ReportColors::blue;
 }
