@@ -234,7 +234,7 @@ void WholeRoadWindowTest::isToBeUpdated(Stage &stage)
     QVERIFY(stage.find(u"force-update-banner"_s));
 
     // The command line is bound by neither.
-    const auto plan = m_mac.run({u"--preset"_s, u"full"_s}, "n\n");
+    const auto plan = m_mac.run(u"--preset full"_s, "n\n");
     QCOMPARE(plan.status, 130);
     QVERIFY(plan.output.contains(u"\n- VLC (cask)\n"));
 }

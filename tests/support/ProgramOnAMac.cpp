@@ -12,11 +12,11 @@ ProgramOnAMac::ProgramOnAMac(const QStringList &options)
     furnish(QStringLiteral("make-mac"), QStringList{QStringLiteral("--pace"), QStringLiteral("0")} + options);
 }
 
-ProgramOnAMac::Outcome ProgramOnAMac::run(const QStringList &arguments, const QByteArray &input) const
+ProgramOnAMac::Outcome ProgramOnAMac::run(const QString &arguments, const QByteArray &input) const
 {
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(program(), arguments);
+    process.start(program(), arguments.split(u' '));
     process.write(input);
     process.closeWriteChannel();
     if (!process.waitForFinished(120000))

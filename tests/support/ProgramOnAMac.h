@@ -17,8 +17,8 @@ public:
         QString output;
         QString errors;
     };
-    /// Runs the program to its end with that standard input.
-    Outcome run(const QStringList &arguments, const QByteArray &input = {}) const;
+    /// Runs the program to its end with that standard input. Its arguments have blanks between.
+    Outcome run(const QString &arguments, const QByteArray &input = {}) const;
 
     /// Runs one of the programs that furnish a Mac (`break-tool`, `add-app` …) on this one; a failure ends the test.
     void furnish(const QString &tool, const QStringList &arguments) const;
