@@ -1,9 +1,7 @@
 // The inventory scan, the system check and the export of the view model, over a simulated Mac with real processes.
 
 #include "FileManager.h"
-#include "GatedLauncher.h"
 #include "Golden.h"
-#include "ProgramOnAMac.h"
 #include "RefusingFiles.h"
 #include "UserDefaults.h"
 #include "WatchedViewModel.h"
@@ -25,28 +23,17 @@ const QString snapshotFile = supportFolder + u"/Reports/report-snapshot.json"_s;
 
 /// The view model of a Mac with two applications, whose report waits at a gate for the hardware's description.
 struct Audit {
-    Audit() : services(mac.services()), launcher(std::make_shared<GatedLauncher>(services, u"/system_profiler"_s))
+    Audit()
     {
         mac.furnish(u"add-app"_s, {u"Alpha"_s});
         mac.furnish(u"add-app"_s, {u"Beta"_s});
-        services.processes = launcher;
-        model.emplace(services);
+        model.emplace(mac.services(), u"/system_profiler"_s);
         model->settle();
         model->take();
     }
 
-    /// Runs all to its end, with the gate open.
-    QStringList settled()
-    {
-        launcher->letPass(100);
-        model->settle();
-        return model->take();
-    }
-
-    ProgramOnAMac mac;
-    PlatformServices services;
-    std::shared_ptr<GatedLauncher> launcher;
-    std::optional<WatchedViewModel> model; // goes first
+    const ProgramOnAMac mac;
+    std::optional<WatchedViewModel> model;
 };
 
 } // namespace
@@ -71,7 +58,7 @@ void AuditFlowTest::transcript()
     WatchedViewModel &model = *audit.model;
     QString transcript;
     const auto scene = [&](const QString &title) {
-        transcript += u"== %1\n%2\n\n"_s.arg(title, audit.settled().join(u'\n'));
+        transcript += u"== %1\n%2\n\n"_s.arg(title, model.settled().join(u'\n'));
         model.advance(std::chrono::seconds(10));
     };
     model->openAuditWorkspace();
@@ -91,8 +78,8 @@ void AuditFlowTest::transcript()
     QCOMPARE(differencesFromGolden(u"view-model-audit.txt"_s, transcript.toUtf8()), QByteArray());
     QVERIFY(audit.mac.contents(pdfFile).startsWith("%PDF"));
     QCOMPARE(audit.mac.takeCalls(), QStringList(u"open "_s + pdfFile));
-    QCOMPARE(ReportSnapshotStore(audit.services, AppRuntime(audit.services)).load()->createdAt,
-             model->reportSnapshotDate());
+    const PlatformServices services = audit.mac.services();
+    QCOMPARE(ReportSnapshotStore(services, AppRuntime(services)).load()->createdAt, model->reportSnapshotDate());
 }
 
 /// The scan waits for the change of screen, and whoever leaves before it gets none.
@@ -108,10 +95,10 @@ void AuditFlowTest::navigation()
     model->selectGroup(u"office"_s); // too late: the scan goes on
     model->openAuditWorkspace();
     model->scanMac();
-    QCOMPARE(audit.settled().filter(u"toast = "_s).size(), 1);
+    QCOMPARE(model.settled().filter(u"toast = "_s).size(), 1);
     model->openAuditWorkspace();
     model->selectGroup(u"office"_s);
-    QCOMPARE(audit.settled().filter(u"isReportRefreshing"_s), QStringList());
+    QCOMPARE(model.settled().filter(u"isReportRefreshing"_s), QStringList());
 }
 
 void AuditFlowTest::systemCheckGivesWay()
@@ -121,20 +108,20 @@ void AuditFlowTest::systemCheckGivesWay()
     model->show(Sheet(Sheet::Kind::settings));
     model.take();
     model->refreshChecks(false);
-    const QStringList published = audit.settled();
+    const QStringList published = model.settled();
     QCOMPARE(published.filter(u"activeSheet"_s), QStringList());
     QCOMPARE(published.filter(u"toast"_s), QStringList(u"toast = success: Report written"_s));
     QCOMPARE(model->logLines()->lines().filter(u"CHECK "_s), QStringList());
     model->dismissSheet();
     model->refreshChecks(true);
-    audit.settled();
+    model.settled();
     QCOMPARE(model->activeSheet().kind(), Sheet::Kind::report);
     QCOMPARE(model->logLines()->lines().filter(u"CHECK "_s).size(), model->latestChecks()->rowCount());
 
     // A scan and a check side by side: both end, and the flag of the scan is cleared.
     model->scanMac();
     model->refreshChecks(false);
-    audit.settled();
+    model.settled();
     QVERIFY(!model->isReportRefreshing());
     QVERIFY(model->hasReportSnapshot());
 }
@@ -144,22 +131,22 @@ void AuditFlowTest::cancelledAndSuperseded()
     Audit audit;
     WatchedViewModel &model = *audit.model;
     model->refreshChecks(true);
-    QTRY_COMPARE_WITH_TIMEOUT(audit.launcher->arrived, 1, 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(model.launcher().arrived, 1, 20000);
     QCoreApplication::processEvents();
     model.take();
     model->cancelSystemCheck();
-    QCOMPARE(audit.settled(), QStringList(u"currentAction = "_s + model->strings().text(AppI18nKey::readyAction)));
+    QCOMPARE(model.settled(), QStringList(u"currentAction = "_s + model->strings().text(AppI18nKey::readyAction)));
     QVERIFY(!model->hasReportSnapshot());
 
     model->refreshChecks(true);
     model.waitForTasks(); // its result is on the way
     model->cancelSystemCheck();
-    QCOMPARE(audit.settled().filter(u"latestChecks"_s), QStringList());
+    QCOMPARE(model.settled().filter(u"latestChecks"_s), QStringList());
     QVERIFY(!model->hasReportSnapshot());
 
     model->refreshChecks(true);
     model->refreshChecks(true);
-    QCOMPARE(audit.settled().filter(u"latestChecks"_s).size(), 1);
+    QCOMPARE(model.settled().filter(u"latestChecks"_s).size(), 1);
     QCOMPARE(model->logLines()->lines().filter(u"System check summary:"_s).size(), 1);
 }
 
@@ -168,13 +155,14 @@ void AuditFlowTest::failures()
 {
     Audit audit;
     WatchedViewModel &model = *audit.model;
-    QVERIFY(audit.services.files->createFolder(model->reportPath()));
+    const PlatformServices services = audit.mac.services();
+    QVERIFY(services.files->createFolder(model->reportPath()));
     model->refreshChecks(false);
-    QTRY_COMPARE_WITH_TIMEOUT(audit.launcher->arrived, 1, 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(model.launcher().arrived, 1, 20000);
     model->refreshChecks(false);
-    QCOMPARE(audit.settled().filter(u"toast = failure: Is a directory"_s).size(), 2);
+    QCOMPARE(model.settled().filter(u"toast = failure: Is a directory"_s).size(), 2);
     model->scanMac();
-    QCOMPARE(audit.settled().last(6),
+    QCOMPARE(model.settled().last(6),
              QStringList({u"isReportRefreshing = false"_s, u"auditProgress = 0"_s, u"auditProgressText = 0%"_s,
                           u"auditProgressDetailText = Preparing macOS inventory"_s, u"currentAction = Is a directory"_s,
                           u"toast = failure: Is a directory"_s}));
@@ -182,12 +170,12 @@ void AuditFlowTest::failures()
     QCOMPARE(model->reportText(), QString());
 
     // A snapshot that cannot be kept is told in the log, and the PDF is exported all the same.
-    QVERIFY(audit.services.files->remove(model->reportPath()) && audit.services.files->createFolder(snapshotFile));
+    QVERIFY(services.files->remove(model->reportPath()) && services.files->createFolder(snapshotFile));
     model->scanMac();
-    audit.settled();
+    model.settled();
     model->setReportProfile({.inspectorName = u"L"_s, .subject = u"S"_s});
     model->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(pdfFile)));
-    QVERIFY(audit.settled().contains(u"log: Không lưu được report snapshot an toàn: Is a directory"_s));
+    QVERIFY(model.settled().contains(u"log: Không lưu được report snapshot an toàn: Is a directory"_s));
     QVERIFY(audit.mac.exists(pdfFile));
 }
 
@@ -198,7 +186,7 @@ void AuditFlowTest::exportGuards()
     model->startReportPDFExport();
     QCOMPARE(model->toast().text, u"Scan the computer before exporting PDF."_s);
     model->scanMac();
-    audit.settled();
+    model.settled();
     model->setReportProfile({.inspectorName = u" \n"_s, .subject = u"S"_s});
     model->startReportPDFExport();
     QCOMPARE(model->toast().text, u"Enter the inspector name and report title."_s);
@@ -206,13 +194,13 @@ void AuditFlowTest::exportGuards()
     model->setReportProfile({.inspectorName = u"L"_s, .subject = u"S"_s});
     model->startReportPDFExport();
     QVERIFY(model->savePanelShown());
-    audit.settled();
+    model.settled();
     model->cancelReportPDFExport();
-    QCOMPARE(audit.settled(), QStringList(u"savePanelShown = false"_s));
+    QCOMPARE(model.settled(), QStringList(u"savePanelShown = false"_s));
     model.advance(std::chrono::seconds(10));
     model->startReportPDFExport();
     model->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(u"/nowhere/a.pdf"_s)));
-    QCOMPARE(audit.settled().last(2), QStringList({u"currentAction = Không thể tạo tài liệu PDF."_s,
+    QCOMPARE(model.settled().last(2), QStringList({u"currentAction = Không thể tạo tài liệu PDF."_s,
                                                    u"toast = failure: Không thể tạo tài liệu PDF."_s}));
     QVERIFY(!audit.mac.exists(snapshotFile));
     QVERIFY(model->hasReportSnapshot());
@@ -221,37 +209,30 @@ void AuditFlowTest::exportGuards()
 void AuditFlowTest::nextStart()
 {
     Audit audit;
-    (*audit.model)->scanMac();
-    audit.settled();
-    const MacReportProfile profile{.inspectorName = u"Lan"_s, .subject = u"Audit"_s};
-    (*audit.model)->setReportProfile(profile);
-    (*audit.model)->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(pdfFile)));
-    audit.settled();
-    const QString text = (*audit.model)->reportText();
-    const QDateTime date = (*audit.model)->reportSnapshotDate();
-    audit.model.emplace(audit.services);
     WatchedViewModel &model = *audit.model;
-    QCOMPARE(model->reportProfile(), profile);
-    QVERIFY(model->hasReportSnapshot());
-    QCOMPARE(model->reportText(), text);
-    QCOMPARE(model->reportSnapshotDate(), date);
-    QCOMPARE(model->reportApplications()->records().size(), 2);
-    QCOMPARE(model->auditProgressText(), u"100%"_s);
-    QCOMPARE(model->auditProgressDetailText(), u"Inventory complete: 2 items detected"_s);
-    audit.settled();
+    model->scanMac();
+    model.settled();
+    const MacReportProfile profile{.inspectorName = u"Lan"_s, .subject = u"Audit"_s};
+    model->setReportProfile(profile);
+    model->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(pdfFile)));
+    model.settled();
+    PlatformServices services = audit.mac.services();
+    WatchedViewModel next(services);
+    QCOMPARE(next->reportProfile(), profile);
+    QVERIFY(next->hasReportSnapshot());
+    QCOMPARE(next->reportText(), model->reportText());
+    QCOMPARE(next->reportSnapshotDate(), model->reportSnapshotDate());
+    QCOMPARE(next->reportApplications()->records().size(), 2);
+    QCOMPARE(next->auditProgressText(), u"100%"_s);
+    QCOMPARE(next->auditProgressDetailText(), u"Inventory complete: 2 items detected"_s);
 
     // An earlier version's snapshot, which cannot be moved.
-    const QByteArray snapshot = audit.mac.contents(snapshotFile);
-    QVERIFY(audit.services.defaults->setData(u"tavelo.mac.report-snapshot.v1"_s, snapshot));
-    audit.services.files = std::make_shared<RefusingFiles>(audit.mac.hostPath({}), snapshotFile, EPERM);
-    audit.model.emplace(audit.services);
-    QVERIFY((*audit.model)->hasReportSnapshot());
-    QVERIFY((*audit.model)
-                ->logLines()
-                ->lines()
-                .constFirst()
-                .endsWith(u" Không lưu được report snapshot an toàn: the system's words"));
-    audit.settled();
+    QVERIFY(services.defaults->setData(u"tavelo.mac.report-snapshot.v1"_s, audit.mac.contents(snapshotFile)));
+    services.files = std::make_shared<RefusingFiles>(audit.mac.folder(), snapshotFile, EPERM);
+    WatchedViewModel last(services);
+    QVERIFY(last->hasReportSnapshot());
+    QVERIFY(last->logLines()->lines().constFirst().endsWith(
+        u" Không lưu được report snapshot an toàn: the system's words"));
 }
 
 QTEST_MAIN(AuditFlowTest)

@@ -1,8 +1,6 @@
 // Start-up, timers, language and end of the view model, over a simulated Mac with real processes.
 
 #include "Catalog.h"
-#include "GatedLauncher.h"
-#include "SmallMac.h"
 #include "UserDefaults.h"
 #include "WatchedViewModel.h"
 #include "Workshop.h"
@@ -24,7 +22,6 @@ private Q_SLOTS:
     void timers();
     void language();
     void smallActions();
-    void destroyedAtAnyMoment_data();
     void destroyedAtAnyMoment();
 };
 
@@ -32,17 +29,15 @@ private Q_SLOTS:
 void DeskrigViewModelTest::startUp()
 {
     const ProgramOnAMac mac;
-    PlatformServices services = mac.services();
+    const PlatformServices services = mac.services();
     services.defaults->setText(AppLanguages::storedKey.toString(), u"vi"_s);
-    const auto launcher = std::make_shared<GatedLauncher>(services, u"/brew"_s);
-    services.processes = launcher;
-    WatchedViewModel model(services);
-
-    QCOMPARE(model->currentAction(), AppStrings(AppLanguage::vietnamese).checkingInstalledStatus());
-    QCOMPARE(model->operationSummaryText(), AppStrings(AppLanguage::vietnamese).operationSummary(0, 0));
+    const AppStrings vietnamese(AppLanguage::vietnamese);
+    WatchedViewModel model(services, u"/brew"_s);
+    QCOMPARE(model->currentAction(), vietnamese.checkingInstalledStatus());
+    QCOMPARE(model->operationSummaryText(), vietnamese.operationSummary(0, 0));
     QCOMPARE(model->coreReadinessLabel(), u"CHECK"_s);
-    QCOMPARE(model->coreReadinessDetail(), AppStrings(AppLanguage::vietnamese).text(AppI18nKey::checkingCore));
-    QCOMPARE(model->cloudOutput(), AppStrings(AppLanguage::vietnamese).text(AppI18nKey::noDeviceData));
+    QCOMPARE(model->coreReadinessDetail(), vietnamese.text(AppI18nKey::checkingCore));
+    QCOMPARE(model->cloudOutput(), vietnamese.text(AppI18nKey::noDeviceData));
     QCOMPARE(model->auditProgressDetailText(), u"Preparing macOS inventory"_s);
     QCOMPARE(model->reportProfile(), MacReportProfile{.subject = u"macOS software inventory report"_s});
     for (const AppItem &item : model->catalogItems())
@@ -55,23 +50,19 @@ void DeskrigViewModelTest::startUp()
                           u"[03:04:05] Catalog Linux đã map sang macOS: %1 mục."_s.arg(Catalog::items().size()),
                           u"[03:04:05] Bắt đầu refresh trạng thái native backend."_s}));
     // The look at the items and the readiness check stand before a tool at the same time; the policy waits for neither.
-    QTRY_COMPARE_WITH_TIMEOUT(launcher->arrived, 1, 20000);
+    QTRY_COMPARE_WITH_TIMEOUT(model.launcher().arrived, 1, 20000);
     QTRY_VERIFY_WITH_TIMEOUT(model->coreReadinessLabel() != u"CHECK", 20000);
     QCOMPARE(model.take().filter(u"policy"_s),
              QStringList({u"log: Supabase: Bỏ qua release policy vì chưa cấu hình Supabase."_s,
                           u"log: Release policy không khả dụng; app tiếp tục fail-open."_s}));
-    launcher->letPass(100);
-    model.settle();
-    QCOMPARE(model->currentAction(), AppStrings(AppLanguage::vietnamese).statusRefreshed());
-    QCOMPARE(launcher->startedOnMainThread, 0);
+    model.settled();
+    QCOMPARE(model->currentAction(), vietnamese.statusRefreshed());
+    QCOMPARE(model.launcher().startedOnMainThread, 0);
 
     // The other way round.
-    const auto second = std::make_shared<GatedLauncher>(services, u"/xcode-select"_s);
-    services.processes = second;
-    WatchedViewModel other(services);
-    QTRY_COMPARE_WITH_TIMEOUT(other->currentAction(), AppStrings(AppLanguage::vietnamese).statusRefreshed(), 20000);
+    WatchedViewModel other(services, u"/xcode-select"_s);
+    QTRY_COMPARE_WITH_TIMEOUT(other->currentAction(), vietnamese.statusRefreshed(), 20000);
     QCOMPARE(other->coreReadinessLabel(), u"CHECK"_s);
-    second->letPass(100);
 }
 
 void DeskrigViewModelTest::timers()
@@ -135,57 +126,51 @@ void DeskrigViewModelTest::smallActions()
     WatchedViewModel model(mac.services());
     model.settle();
     mac.takeCalls();
+    const auto copied = [] { return QGuiApplication::clipboard()->text(); };
     model->copyLogPath();
-    QCOMPARE(QGuiApplication::clipboard()->text(), u"/Users/technician/Library/Logs/tavelo-deskrig.log"_s);
+    QCOMPARE(copied(), u"/Users/technician/Library/Logs/tavelo-deskrig.log"_s);
     model->copyReportPath();
-    QCOMPARE(QGuiApplication::clipboard()->text(),
+    QCOMPARE(copied(),
              u"/Users/technician/Library/Application Support/Tavelo Deskrig/Reports/tavelo-deskrig-report.txt"_s);
-    model->copyHomebrewInstallCommand();
-    QVERIFY(QGuiApplication::clipboard()->text().startsWith(u"/bin/bash -c \"$(curl -fsSL https://"_s));
     model.take();
     model->copyHomebrewInstallCommand();
+    QVERIFY(copied().startsWith(u"/bin/bash -c \"$(curl -fsSL https://"_s));
     model->openHomebrewGuide();
-    model.settle();
     QCOMPARE(
-        model.take(),
-        QStringList({u"log: Đã copy lệnh cài Homebrew vào clipboard."_s, u"toast = success: Copied Homebrew command"_s,
+        model.settled(),
+        QStringList({u"currentAction = Copied Homebrew install command"_s,
+                     u"log: Đã copy lệnh cài Homebrew vào clipboard."_s, u"toast = success: Copied Homebrew command"_s,
                      u"currentAction = Opened Homebrew guide"_s, u"log: Mở hướng dẫn Homebrew: https://brew.sh"_s}));
     model->revealReport();
     model.settle();
     QCOMPARE(mac.takeCalls(), QStringList({u"open https://brew.sh"_s, u"open -R '%1'"_s.arg(model->reportPath())}));
 }
 
-void DeskrigViewModelTest::destroyedAtAnyMoment_data()
-{
-    QTest::addColumn<int>("operation");
-    for (int operation = 0; operation < 8; ++operation)
-        QTest::addRow("operation %d", operation) << operation;
-}
-
 /// At whatever moment the view model goes, nothing crashes and the work under way comes to its end.
 void DeskrigViewModelTest::destroyedAtAnyMoment()
 {
-    QFETCH(const int, operation);
-    const SmallMac mac;
     const AppItem vlc = catalogItem(u"vlc"_s);
-    for (const int wait : {0, 1, 3, 10, 30, 100}) {
-        WatchedViewModel model(mac.services());
-        const std::function<void()> operations[] = {[&] { model->install(vlc); },
-                                                    [&] { model->installFull(); },
-                                                    [&] { model->openAuditWorkspace(); },
-                                                    [&] { model->refreshChecks(true); },
-                                                    [&] { model->syncCatalog(); },
-                                                    [&] { model->uploadReport(); },
-                                                    [&] { model->open(catalogItem(u"printer-drivers"_s)); },
-                                                    [&] { model->setLanguage(AppLanguage::korean); }};
-        operations[operation]();
-        if (wait > 0)
-            QTest::qWait(wait);
-        model.destroy();
-        model.settle();
+    const std::function<void(DeskrigViewModel &)> operations[] = {
+        [&](DeskrigViewModel &model) { model.install(vlc); },
+        [](DeskrigViewModel &model) { model.installFull(); },
+        [](DeskrigViewModel &model) { model.openAuditWorkspace(); },
+        [](DeskrigViewModel &model) { model.refreshChecks(true); },
+        [](DeskrigViewModel &model) { model.syncCatalog(); },
+        [](DeskrigViewModel &model) { model.uploadReport(); },
+        [](DeskrigViewModel &model) { model.open(catalogItem(u"printer-drivers"_s)); },
+        [](DeskrigViewModel &model) { model.setLanguage(AppLanguage::korean); }};
+    for (const auto &operation : operations) {
+        const SmallMac mac;
+        for (const int wait : {0, 1, 3, 10, 30, 100}) {
+            WatchedViewModel model(mac.services());
+            operation(*model);
+            if (wait > 0)
+                QTest::qWait(wait);
+            model.destroy();
+            model.settle();
+        }
+        QVERIFY(&operation >= &operations[2] || mac.exists(u"/opt/homebrew/Caskroom/vlc"_s));
     }
-    if (operation < 2)
-        QVERIFY(mac.exists(u"/opt/homebrew/Caskroom/vlc"_s));
 }
 
 QTEST_MAIN(DeskrigViewModelTest)

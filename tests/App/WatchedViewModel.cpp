@@ -26,9 +26,41 @@ QString shown(const QVariant &value)
 
 } // namespace
 
-WatchedViewModel::WatchedViewModel(PlatformServices services, std::unique_ptr<HttpTransport> transport)
-    : m_services(std::move(services))
+SmallMac::SmallMac(const QByteArray &allowed)
 {
+    environment.insert(u"TAVELO_SUPABASE_URL"_s, u"https://cloud.example"_s);
+    environment.insert(u"TAVELO_SUPABASE_ANON_KEY"_s, u"key"_s);
+    write(home() + u"/Library/Caches/tavelo-deskrig/business-policy.json"_s,
+          R"({"policies": [{"policy": {"allowed_item_ids": [)" + allowed + "]}}]}");
+}
+
+GatedLauncher::GatedLauncher(const PlatformServices &services, const QString &tool)
+    : ProcessLauncher(services.files->root(), services.mainQueue), m_tool(tool), m_mainQueue(services.mainQueue)
+{
+}
+
+ProcessResult GatedLauncher::run(const ProcessSetup &setup) const
+{
+    if (m_mainQueue->isMainThread())
+        ++startedOnMainThread;
+    if (!m_tool.isEmpty() && setup.executable.endsWith(m_tool)) {
+        ++arrived;
+        m_gate.tryAcquire(1, 20000); // a test that has failed must end
+    }
+    return ProcessLauncher::run(setup);
+}
+
+WatchedViewModel::WatchedViewModel(PlatformServices services, const QString &gated)
+    : WatchedViewModel(std::move(services), std::make_unique<HeldTransport>(), gated)
+{
+}
+
+WatchedViewModel::WatchedViewModel(PlatformServices services, std::unique_ptr<HttpTransport> transport,
+                                   const QString &gated)
+    : m_launcher(std::make_shared<GatedLauncher>(services, gated)),
+      m_network(dynamic_cast<HeldTransport *>(transport.get())), m_services(std::move(services))
+{
+    m_services.processes = m_launcher;
     m_services.clock = m_clock;
     m_model = std::make_unique<DeskrigViewModel>(m_services, std::move(transport), m_pool);
     watch();
@@ -36,6 +68,7 @@ WatchedViewModel::WatchedViewModel(PlatformServices services, std::unique_ptr<Ht
 
 WatchedViewModel::~WatchedViewModel()
 {
+    m_launcher->letPass(100); // also where a check has failed
     m_model.reset();
     m_pool.waitForDone();
 }
@@ -47,6 +80,13 @@ void WatchedViewModel::settle()
     } while (!m_pool.waitForDone(5));
     QCoreApplication::processEvents();
     QCoreApplication::processEvents(); // what the last ones have queued
+}
+
+QStringList WatchedViewModel::settled()
+{
+    m_launcher->letPass(100);
+    settle();
+    return take();
 }
 
 void WatchedViewModel::watch()

@@ -1,20 +1,25 @@
 // The command line's texts, streams and statuses, through the program itself.
 
+#include "Catalog.h"
 #include "ProgramOnAMac.h"
+#include "Row.h"
 
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 #include <QRegularExpression>
-#include <QTest>
 
+using namespace Qt::StringLiterals;
 using namespace Tavelo;
 
 namespace
 {
 
-QStringList words(const char *line)
+/// The lines of a log, or those that an output shares with it.
+QStringList logLinesIn(const QString &text)
 {
-    return QString::fromUtf8(line).split(u' ', Qt::SkipEmptyParts);
+    static const QRegularExpression form(u"^\\[\\d\\d:\\d\\d:\\d\\d\\] ."_s);
+    return text.split(u'\n').filter(form);
 }
 
 } // namespace
@@ -24,196 +29,216 @@ class CommandLineTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void help();
-    void wrongUsage_data();
-    void wrongUsage();
-    void asksBeforeItInstalls_data();
-    void asksBeforeItInstalls();
-    void leavesTheRestOfItsInputToTheTools();
-    void checksASimulatedMac();
-    void reportIsWrittenWhereItIsTold();
-#ifndef Q_OS_MACOS
-    void checksAMachineThatIsNoMac();
-#endif
-    void plainEnvironment();
-};
-
-void CommandLineTest::help()
-{
-    const ProgramOnAMac mac;
-    const auto outcome = mac.run(words("--help --preset nonsense --check"));
-    QCOMPARE(outcome.status, 0);
-    QCOMPARE(outcome.errors, QString());
-    const QStringList lines = outcome.output.split(u'\n');
-    QCOMPARE(lines.size(), 14); // thirteen lines, each with its end
-    QCOMPARE(lines.first(), QStringLiteral("Tavelo Deskrig macOS native CLI"));
-    for (const QString &line : lines.mid(7, 6)) {
-        QVERIFY2(line.startsWith(QStringLiteral("  --")) && line.at(25) == u' ' && line.at(26) != u' ',
-                 qPrintable(line));
+    void help()
+    {
+        const ProgramOnAMac mac;
+        const auto outcome = mac.run(u"--help --preset nonsense --check"_s);
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.errors, QString());
+        const QStringList lines = outcome.output.split(u'\n');
+        QCOMPARE(lines.size(), 14); // thirteen lines, each with its end
+        QCOMPARE(lines.first(), u"Tavelo Deskrig macOS native CLI"_s);
+        for (const QString &line : lines.mid(7, 6))
+            QVERIFY2(line.startsWith(u"  --") && line.at(25) == u' ' && line.at(26) != u' ', qPrintable(line));
+        for (const QString &value : {u"minimal"_s, u"standard"_s, u"full"_s})
+            QVERIFY(lines.at(8).contains(value));
+        QVERIFY2(!mac.exists(u"/Users/technician/Library/Logs"_s), "help leaves no trace");
     }
-    for (const QString &value : words("minimal standard full"))
-        QVERIFY(lines.at(8).contains(value));
-    QVERIFY2(!mac.exists(QStringLiteral("/Users/technician/Library/Logs")), "help leaves no trace");
-}
 
-void CommandLineTest::wrongUsage_data()
-{
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("errors");
+    void wrongUsage_data()
+    {
+        columns<QString, QString>("line", "errors");
+        const char *noPreset = "CLI cần --preset minimal|standard|full hoặc --check. Bỏ --no-gui để mở app GUI.\n";
+        const char *unknown = "Preset không hợp lệ. Dùng minimal, standard hoặc full.\n";
+        row("no gui alone", "--no-gui", noPreset);
+        row("preset without a value", "--preset", noPreset);
+        row("empty preset", "--preset=", unknown);
+        row("unknown preset", "--preset nonsense --yes", unknown);
+        row("an option as preset", "--preset --yes", unknown);
+    }
 
-    const QString noPreset =
-        QStringLiteral("CLI cần --preset minimal|standard|full hoặc --check. Bỏ --no-gui để mở app GUI.\n");
-    const QString unknown = QStringLiteral("Preset không hợp lệ. Dùng minimal, standard hoặc full.\n");
-    QTest::newRow("no gui alone") << "--no-gui" << noPreset;
-    QTest::newRow("preset without a value") << "--preset" << noPreset;
-    QTest::newRow("empty preset") << "--preset=" << unknown;
-    QTest::newRow("unknown preset") << "--preset nonsense --yes" << unknown;
-    QTest::newRow("an option as preset") << "--preset --yes" << unknown;
-}
+    void wrongUsage()
+    {
+        QFETCH(QString, line);
+        const auto outcome = ProgramOnAMac().run(line);
+        QCOMPARE(outcome.status, 2);
+        QCOMPARE(outcome.output, QString());
+        QTEST(outcome.errors, "errors");
+    }
 
-void CommandLineTest::wrongUsage()
-{
-    QFETCH(QString, line);
-    const ProgramOnAMac mac;
-    const auto outcome = mac.run(line.split(u' '));
-    QCOMPARE(outcome.status, 2);
-    QCOMPARE(outcome.output, QString());
-    QTEST(outcome.errors, "errors");
-}
+    void asksBeforeItInstalls_data()
+    {
+        columns<QString, bool>("input", "confirmed");
+        row("y", "y\n", true);
+        row("YES with blanks", "  YES \r\n", true);
+        row("n", "n\n", false);
+        row("empty line", "\n", false);
+        row("another word", "yep\n", false);
+        row("end of input", "", false);
+        row("y without a line end", "y", true);
+    }
 
-void CommandLineTest::asksBeforeItInstalls_data()
-{
-    QTest::addColumn<QByteArray>("input");
-    QTest::addColumn<bool>("confirmed");
+    void asksBeforeItInstalls()
+    {
+        QFETCH(QString, input);
+        QFETCH(bool, confirmed);
+        const ProgramOnAMac mac;
+        mac.furnish(u"break-tool"_s, {u"brew"_s, u"--status"_s, u"1"_s, u"--silent"_s});
+        const auto outcome = mac.run(u"--preset MINIMAL --no-shortcuts"_s, input.toUtf8());
+        QVERIFY(outcome.output.startsWith(u"Kế hoạch cài đặt:\n"
+                                          "- LibreOffice + Vietnamese (cask)\n"
+                                          "- Vietnamese Input Sources (builtin)\n"_s));
+        QVERIFY(outcome.output.contains(u"- Screenshot & Markup (builtin)\n"
+                                        "Log: /Users/technician/Library/Logs/tavelo-deskrig.log\nTiếp tục? [y/N] "_s));
+        QCOMPARE(outcome.status, confirmed ? 1 : 130);
+        QCOMPARE(outcome.output.endsWith(u"[y/N] Đã hủy.\n"_s), !confirmed);
+        QCOMPARE(outcome.output.contains(u"Bắt đầu cài"_s), confirmed);
+        QCOMPARE(logLinesIn(QString(outcome.output).remove(u"Tiếp tục? [y/N] "_s)), mac.logLines());
+    }
 
-    QTest::newRow("y") << QByteArray("y\n") << true;
-    QTest::newRow("YES with blanks") << QByteArray("  YES \r\n") << true;
-    QTest::newRow("n") << QByteArray("n\n") << false;
-    QTest::newRow("empty line") << QByteArray("\n") << false;
-    QTest::newRow("another word") << QByteArray("yep\n") << false;
-    QTest::newRow("end of input") << QByteArray() << false;
-    QTest::newRow("y without a line end") << QByteArray("y") << true;
-}
+    void leavesOutWhatItIsTold()
+    {
+        const ProgramOnAMac mac;
+        const auto plan = [&](const QString &line) { return mac.run(line, "n\n").output; };
+        const QString full = plan(u"--preset full"_s);
+        const auto planned = full.count(u"\n- "_s);
+        QCOMPARE(planned, Catalog::uniqueInstallItems(Catalog::items()).size() - 2); // two are not supported
+        const QString filtered = plan(u"--preset full --no-shortcuts --no-mime-defaults"_s);
+        QVERIFY(!filtered.contains(u"(shortcut)") && !filtered.contains(u"(mime)"));
+        QCOMPARE(filtered.count(u"\n- "_s), planned - full.count(u" (shortcut)\n"_s) - full.count(u" (mime)\n"_s));
+    }
 
-void CommandLineTest::asksBeforeItInstalls()
-{
-    QFETCH(QByteArray, input);
-    QFETCH(bool, confirmed);
-    const ProgramOnAMac mac;
-    mac.furnish(QStringLiteral("break-tool"), words("brew --status 1 --silent"));
-    const auto outcome = mac.run(words("--preset MINIMAL --no-shortcuts"), input);
-    QVERIFY(outcome.output.startsWith(QStringLiteral("Kế hoạch cài đặt:\n"
-                                                     "- LibreOffice + Vietnamese (cask)\n"
-                                                     "- Vietnamese Input Sources (builtin)\n")));
-    QVERIFY(outcome.output.contains(
-        QStringLiteral("- Screenshot & Markup (builtin)\n"
-                       "Log: /Users/technician/Library/Logs/tavelo-deskrig.log\nTiếp tục? [y/N] ")));
-    QCOMPARE(outcome.status, confirmed ? 1 : 130);
-    QCOMPARE(outcome.output.endsWith(QStringLiteral("[y/N] Đã hủy.\n")), !confirmed);
-    QCOMPARE(outcome.output.contains(QStringLiteral("Bắt đầu cài")), confirmed);
-}
+    /// A tool that asks for a password reads what the technician types next.
+    void leavesTheRestOfItsInputToTheTools()
+    {
+        ProgramOnAMac mac;
+        const QString asking = u"/tmp/asking-brew"_s;
+        mac.write(asking, "#!/bin/sh\n[ \"$1\" = install ] || exit 1\nread password\necho \"heard $password\"\n", true);
+        mac.environment.insert(u"HOMEBREW_BREW_FILE"_s, asking);
+        const auto outcome = mac.run(u"--preset minimal"_s, "y\nsecret\n");
+        QCOMPARE(outcome.status, 1);
+        QVERIFY(outcome.output.contains(u"] heard secret\n"_s));
+    }
 
-void CommandLineTest::leavesTheRestOfItsInputToTheTools()
-{
-    // A tool that asks for a password reads what the technician types next.
-    ProgramOnAMac mac;
-    const QString asking = QStringLiteral("/tmp/asking-brew");
-    QFile script(mac.hostPath(asking));
-    QVERIFY(script.open(QIODevice::WriteOnly));
-    script.write("#!/bin/sh\n[ \"$1\" = install ] || exit 1\nread password\necho \"heard $password\"\n");
-    script.setPermissions(script.permissions() | QFile::ExeOwner | QFile::ExeUser);
-    script.close();
-    mac.environment.insert(QStringLiteral("HOMEBREW_BREW_FILE"), asking);
-    const auto outcome = mac.run(words("--preset minimal"), "y\nsecret\n");
-    QCOMPARE(outcome.status, 1);
-    QVERIFY(outcome.output.contains(QStringLiteral("] heard secret\n")));
-}
+    void checksASimulatedMac()
+    {
+        const ProgramOnAMac mac({u"--macos"_s, u"14.6.1"_s});
+        const auto outcome = mac.run(u"--check --preset nonsense --yes"_s);
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.errors, QString());
+        const QStringList table = outcome.output.section(u"\n\nKết quả kiểm tra hệ thống:\n"_s, 1).split(u'\n');
+        const qsizetype end = table.indexOf(QString());
+        QStringList names;
+        for (const QString &line : table.mid(0, end))
+            names << line.mid(6, 29).trimmed();
+        QCOMPARE(names.join(u", "_s),
+                 u"macOS compatibility, CPU architecture, Homebrew, Internet connection, Xcode Command Line "
+                 "Tools, Dung lượng trống, user mode, LibreOffice, ONLYOFFICE"_s);
+        QVERIFY(table.contains(u"OK    macOS compatibility          macOS 14.6.1."_s));
+        QVERIFY(table.contains(u"WARN  ONLYOFFICE                   Chưa cài."_s));
+        const QString report =
+            u"/Users/technician/Library/Application Support/Tavelo Deskrig/Reports/tavelo-deskrig-report.txt"_s;
+        QCOMPARE(table.mid(end + 2), QStringList({u"Report: "_s + report, QString()}));
+        QVERIFY(mac.contents(report).contains("\nHostname: Simulated MacBook Air\nHardware model: MacBook Air\n"
+                                              "Model identifier: Mac14,2\nChip: Apple M2\nMemory: 16 GB\n"));
 
-void CommandLineTest::checksASimulatedMac()
-{
-    const ProgramOnAMac mac({QStringLiteral("--macos"), QStringLiteral("14.6.1")});
-    const auto outcome = mac.run(words("--check --preset nonsense --yes"));
-    QCOMPARE(outcome.status, 0);
-    QCOMPARE(outcome.errors, QString());
-    const QStringList table =
-        outcome.output.section(QStringLiteral("\n\nKết quả kiểm tra hệ thống:\n"), 1).split(u'\n');
-    const qsizetype end = table.indexOf(QString());
-    QStringList names;
-    for (const QString &line : table.mid(0, end))
-        names << line.mid(6, 29).trimmed();
-    QCOMPARE(names.join(QStringLiteral(", ")),
-             QStringLiteral("macOS compatibility, CPU architecture, Homebrew, Internet connection, Xcode Command Line "
-                            "Tools, Dung lượng trống, user mode, LibreOffice, ONLYOFFICE"));
-    QVERIFY(table.contains(QStringLiteral("OK    macOS compatibility          macOS 14.6.1.")));
-    QVERIFY(table.contains(QStringLiteral("OK    Internet connection          Có thể phân giải formulae.brew.sh.")));
-    QCOMPARE(
-        table.filter(QRegularExpression(QStringLiteral("^(OK  |FAIL)  Dung lượng trống {13}\\d+GB trống trên /\\.$")))
-            .size(),
-        1);
-    QVERIFY(table.contains(QStringLiteral("WARN  ONLYOFFICE                   Chưa cài.")));
-    const QString folder = QStringLiteral("/Users/technician/Library/Application Support/Tavelo Deskrig/Reports");
-    const QString report = folder + QStringLiteral("/tavelo-deskrig-report.txt");
-    QCOMPARE(table.mid(end + 2), QStringList({QStringLiteral("Report: ") + report, QString()}));
-    const auto ofUserAlone = QFile::ReadOwner | QFile::WriteOwner | QFile::ReadUser | QFile::WriteUser;
-    QCOMPARE(QFile::permissions(mac.hostPath(report)), ofUserAlone);
-    QCOMPARE(QFile::permissions(mac.hostPath(folder)), ofUserAlone | QFile::ExeOwner | QFile::ExeUser);
-    QVERIFY(mac.contents(report).contains("\nHostname: Simulated MacBook Air\nHardware model: MacBook Air\n"
-                                          "Model identifier: Mac14,2\nChip: Apple M2\nMemory: 16 GB\n"));
+        const QStringList log = mac.logLines();
+        QCOMPARE(log.size(), end + 2);
+        QCOMPARE(log.last(), table.at(end + 1));
+        QVERIFY(log.last().endsWith(u"] Đã ghi report: "_s + report));
+        QVERIFY(log.at(0).endsWith(u"] System check summary:"_s));
+        QVERIFY(log.at(1).endsWith(u"] CHECK OK: macOS compatibility - macOS 14.6.1."_s));
+        QVERIFY(outcome.output.startsWith(log.mid(0, end + 1).join(u'\n') + u'\n'));
+    }
 
-    const QStringList log = mac.logLines();
-    QCOMPARE(log.size(), end + 2);
-    QCOMPARE(log.last(), table.at(end + 1));
-    QVERIFY(log.last().endsWith(QStringLiteral("] Đã ghi report: ") + report));
-    QVERIFY(log.at(0).endsWith(QStringLiteral("] System check summary:")));
-    QVERIFY(log.at(1).endsWith(QStringLiteral("] CHECK OK: macOS compatibility - macOS 14.6.1.")));
-    QVERIFY(outcome.output.startsWith(log.mid(0, end + 1).join(u'\n') + u'\n'));
-}
+    void reportIsWrittenWhereItIsTold()
+    {
+        ProgramOnAMac mac({u"--without-homebrew"_s});
+        const QString report = u"/Users/Shared/of client/report.txt"_s;
+        mac.environment.insert(u"TAVELO_MAC_REPORT_FILE"_s, report);
+        QCOMPARE(mac.run(u"--check"_s).status, 0);
+        const QByteArray text = mac.contents(report);
+        QVERIFY(text.contains("\nHomebrew: not found\n") && text.contains("\n- Không phát hiện.\n"));
 
-void CommandLineTest::reportIsWrittenWhereItIsTold()
-{
-    ProgramOnAMac mac({QStringLiteral("--without-homebrew")});
-    const QString report = QStringLiteral("/Users/Shared/of client/report.txt");
-    mac.environment.insert(QStringLiteral("TAVELO_MAC_REPORT_FILE"), report);
-    QCOMPARE(mac.run(words("--check")).status, 0);
-    const QByteArray text = mac.contents(report);
-    QVERIFY(text.contains("\nHomebrew: not found\n") && text.contains("\n- Không phát hiện.\n"));
-
-    QVERIFY(QFile::remove(mac.hostPath(report)) && QDir().mkdir(mac.hostPath(report)));
-    const auto outcome = mac.run(words("--check"));
-    QCOMPARE(outcome.status, 1);
-    QCOMPARE(outcome.errors, QStringLiteral("Không thể tạo report: Is a directory\n"));
-    QVERIFY(!outcome.output.contains(QStringLiteral("eport: ")));
-}
+        QVERIFY(QFile::remove(mac.hostPath(report)) && QDir().mkdir(mac.hostPath(report)));
+        const auto outcome = mac.run(u"--check"_s);
+        QCOMPARE(outcome.status, 1);
+        QCOMPARE(outcome.errors, u"Không thể tạo report: Is a directory\n"_s);
+        QVERIFY(!outcome.output.contains(u"eport: "_s));
+    }
 
 #ifndef Q_OS_MACOS
-void CommandLineTest::checksAMachineThatIsNoMac()
-{
-    QTemporaryDir home;
-    ProgramOnAMac mac;
-    mac.environment.remove(QStringLiteral("TAVELO_MAC_HOST_ROOT"));
-    mac.environment.insert(QStringLiteral("HOME"), home.path());
-    const auto check = mac.run(words("--check --no-gui"));
-    QCOMPARE(check.status, 0);
-    QVERIFY(check.output.contains(
-        QStringLiteral("\nFAIL  macOS compatibility          macOS 0.0.0 quá cũ. Target tối thiểu: macOS 13.\n")));
-    const auto preset = mac.run(words("--preset minimal --yes"));
-    QCOMPARE(preset.status, 1);
-    QVERIFY(preset.errors.startsWith(QStringLiteral("BLOCK: macOS 0.0.0 quá cũ. Target tối thiểu: macOS 13.\n")));
-    QCOMPARE(preset.output, QString());
-}
+    void checksAMachineThatIsNoMac()
+    {
+        QTemporaryDir home;
+        ProgramOnAMac mac;
+        mac.environment.remove(u"TAVELO_MAC_HOST_ROOT"_s);
+        mac.environment.insert(u"HOME"_s, home.path());
+        const auto check = mac.run(u"--check --no-gui"_s);
+        QCOMPARE(check.status, 0);
+        const QString tooOld = u"macOS 0.0.0 quá cũ. Target tối thiểu: macOS 13.\n"_s;
+        QVERIFY(check.output.contains(u"\nFAIL  macOS compatibility          "_s + tooOld));
+        const auto preset = mac.run(u"--preset minimal --yes"_s);
+        QCOMPARE(preset.status, 1);
+        QVERIFY(preset.errors.startsWith(u"BLOCK: "_s + tooOld));
+        QCOMPARE(preset.output, QString());
+    }
 #endif
 
-void CommandLineTest::plainEnvironment()
-{
-    // With no locale at all the texts are still whole, and no library speaks up.
-    ProgramOnAMac mac;
-    for (const char *name : {"PATH", "USER"})
-        mac.environment.remove(QString::fromLatin1(name));
-    const auto outcome = mac.run(words("--check"));
-    QCOMPARE(outcome.status, 0);
-    QCOMPARE(outcome.errors, QString());
-    QVERIFY(outcome.output.contains(QStringLiteral("Kết quả kiểm tra hệ thống:")));
-}
+    void survivesItsParent_data()
+    {
+        columns<QString>("line"); // of a shell, after which the smallest preset is installed
+        row("nobody reads", R"("$@" 2>&1 | head -n 1)");
+        row("closed streams", R"(exec "$@" <&- >&- 2>&-)");
+        row("closed input", R"(exec "$@" <&-)");
+        row("the end of children is ignored", R"(trap '' CHLD; exec "$@")");
+        row("an odd PATH", R"(PATH=:/nowhere::. exec "$@")");
+        row("no locale, no PATH and no user", R"(unset PATH USER; exec "$@")");
+        row("blanks for folders", R"(TAVELO_MAC_CACHE_DIR=' ' TAVELO_MAC_LOG_DIR='  ' exec "$@")");
+        row("a relative folder", R"(TAVELO_MAC_CACHE_DIR=tmp/cache exec "$@")");
+        row("a folder above the root", R"(TAVELO_MAC_CACHE_DIR=/../../tmp/cache exec "$@")");
+        row("no log", R"(TAVELO_MAC_LOG_DIR=/etc/hosts exec "$@")");
+    }
+
+    void survivesItsParent()
+    {
+        QFETCH(QString, line);
+        const ProgramOnAMac mac;
+        QProcess shell;
+        shell.setProcessEnvironment(mac.environment);
+        shell.start(u"/bin/sh"_s,
+                    {u"-c"_s, line, u"sh"_s, ProgramOnAMac::program(), u"--preset=minimal"_s, u"--yes"_s});
+        QVERIFY(shell.waitForFinished(120000));
+        QCOMPARE(shell.exitCode(), 0);
+        QCOMPARE(shell.readAllStandardError(), QByteArray());
+        const bool hasLog = !line.contains(u"/etc/hosts");
+        const QString told = hasLog ? mac.logLines().join(u'\n') : QString::fromUtf8(shell.readAllStandardOutput());
+        QCOMPARE(told.count(u"] Thành công: "_s), 8);
+        QVERIFY(!told.contains(u"] Thất bại: "_s));
+        QCOMPARE(told.contains(u"] Không ghi được log file: "_s), !hasLog);
+        QVERIFY(mac.exists(u"/Applications/Thunderbird.app"_s));
+        QCOMPARE(mac.leftovers(), QStringList());
+    }
+
+    void manyProcessesWriteOneLog()
+    {
+        const ProgramOnAMac mac;
+        QList<QProcess *> processes;
+        for (int count = 0; count < 4; ++count) {
+            processes.append(new QProcess(this));
+            processes.last()->setProcessEnvironment(mac.environment);
+            processes.last()->start(ProgramOnAMac::program(), {u"--check"_s});
+        }
+        for (QProcess *process : processes)
+            QVERIFY(process->waitForFinished());
+        const QStringList log = mac.logLines();
+        QCOMPARE(logLinesIn(log.join(u'\n')), log);
+        QCOMPARE(log.filter(QRegularExpression(u"\\] System check summary:$"_s)).size(), 4);
+        // A fifth, alone, writes as many lines as each of them.
+        QCOMPARE(mac.run(u"--check"_s).status, 0);
+        QCOMPARE(mac.logLines().size() * 4, log.size() * 5);
+    }
+};
 
 QTEST_GUILESS_MAIN(CommandLineTest)
 #include "CommandLineTest.moc"

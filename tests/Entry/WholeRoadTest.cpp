@@ -1,5 +1,5 @@
-// The whole road of the command line, from a fresh Mac to its report, where two vendors offer the wrong thing and where
-// each of the Mac's tools fails in turn.
+// The whole road of the command line, from a fresh Mac to its report, where three vendors offer the wrong thing and
+// where each of the Mac's tools fails in turn.
 
 #include "AppLanguage.h"
 #include "ProgramOnAMac.h"
@@ -45,7 +45,7 @@ QString ending(const ProgramOnAMac &mac, const ProgramOnAMac::Outcome &outcome)
 /// The report that a check writes, without what differs from one moment to the next.
 QStringList report(const ProgramOnAMac &mac)
 {
-    const auto outcome = mac.run({u"--check"_s});
+    const auto outcome = mac.run(u"--check"_s);
     const QString file = rests(outcome.output, u"Report: "_s).value(0);
     if (outcome.status != 0 || !outcome.errors.isEmpty() || file.isEmpty())
         return {u"status %1: %2"_s.arg(outcome.status).arg(outcome.errors)};
@@ -69,15 +69,15 @@ QString beyond(const QStringList &others, QStringList of)
     return names(of).join(u'\n');
 }
 
+// Ways to break a tool; all but the last are options of `break-tool`.
+constexpr char lies[] = "--status 0 --silent", dies[] = "--signal KILL", gone[] = "gone";
+
 void breakTool(const ProgramOnAMac &mac, const QString &tool, const QString &way)
 {
-    const QString name = tool.section(u'/', -1);
     if (way == u"gone")
         QFile::rename(mac.hostPath(tool), mac.hostPath(tool) + u".gone"_s);
-    else if (way == u"dies")
-        mac.furnish(u"break-tool"_s, {name, u"--signal"_s, u"KILL"_s});
     else
-        mac.furnish(u"break-tool"_s, {name, u"--status"_s, u"0"_s, u"--silent"_s});
+        mac.furnish(u"break-tool"_s, QStringList(tool.section(u'/', -1)) + way.split(u' '));
 }
 
 void mendTool(const ProgramOnAMac &mac, const QString &tool)
@@ -118,130 +118,139 @@ class WholeRoadTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void twoVendorsOfferTheWrongThing();
-    void eachToolFails();
-    void inventoryLosesOnlyWhatAToolKnows();
-};
+    void threeVendorsOfferTheWrongThing()
+    {
+        const ProgramOnAMac mac;
+        // What somebody chose in the window is not for the command line.
+        QVERIFY(mac.services().defaults->setText(AppLanguages::storedKey.toString(), u"ko"_s));
+        QVERIFY(report(mac).contains(u"- Không phát hiện."_s));
 
-void WholeRoadTest::twoVendorsOfferTheWrongThing()
-{
-    const ProgramOnAMac mac;
-    // What somebody chose in the window is not for the command line.
-    QVERIFY(mac.services().defaults->setText(AppLanguages::storedKey.toString(), u"ko"_s));
-    QVERIFY(report(mac).contains(u"- Không phát hiện."_s));
+        const QString image = mac.hostPath(u"/private/tmp/Slack.dmg"_s), foreign = u"/private/tmp/Slack.app"_s;
+        mac.furnish(u"add-app"_s, {u"Slack"_s, u"--path"_s, foreign, u"--identifier"_s, u"com.tinyspeck.slackmacgap"_s,
+                                   u"--team"_s, u"WRONGTEAM1"_s});
+        mac.furnish(u"make-image"_s, {image, foreign});
+        const QString elsewhere = catalogItem(u"telegram"_s).directInstaller->url;
+        QList<QStringList> genuine;
+        for (const auto &[id, option, offered] : {std::tuple(u"thunderbird"_s, u"--redirect"_s, elsewhere),
+                                                  std::tuple(u"telegram"_s, u"--file"_s, mac.hostPath(u"/etc/hosts"_s)),
+                                                  std::tuple(u"slack"_s, u"--file"_s, image)}) {
+            const QString address = catalogItem(id).directInstaller->url;
+            const QByteArray redirect =
+                mac.contents(u"/private/var/simulated-mac/internet/"_s + address.section(u"://"_s, 1) + u".redirect"_s);
+            genuine.append({address, u"--redirect"_s, QString::fromUtf8(redirect).trimmed()});
+            mac.furnish(u"set-download"_s, {address, option, offered});
+        }
+        const QString full = u"--preset full --yes"_s;
+        const auto first = mac.run(full);
+        const auto planned = first.output.count(u"\n- "_s);
+        QCOMPARE(ending(mac, first),
+                 u"1: Hoàn tất: %1 thành công, 3 lỗi.; Thunderbird, Telegram Desktop, Slack"_s.arg(planned - 3));
+        QCOMPARE(halfInstalled(mac), QStringList());
+        const QStringList before = report(mac);
+        const QString missing = u"- Thunderbird [thunderbird]: Chưa cài\n"
+                                "- Telegram Desktop [telegram]: Chưa cài\n- Slack [slack]: Chưa cài"_s;
+        QCOMPARE(before.filter(u"]: Chưa cài"_s).join(u'\n'), missing);
 
-    const QString image = mac.hostPath(u"/private/tmp/Slack.dmg"_s), foreign = u"/private/tmp/Slack.app"_s;
-    mac.furnish(u"add-app"_s, {u"Slack"_s, u"--path"_s, foreign, u"--identifier"_s, u"com.tinyspeck.slackmacgap"_s,
-                               u"--team"_s, u"WRONGTEAM1"_s});
-    mac.furnish(u"make-image"_s, {image, foreign});
-    const QList<std::pair<QString, QString>> wrong{{u"telegram"_s, mac.hostPath(u"/etc/hosts"_s)}, {u"slack"_s, image}};
-    QStringList genuine;
-    for (const auto &[id, file] : wrong) {
-        const QString address = catalogItem(id).directInstaller->url;
-        const QByteArray redirect = mac.contents(u"/private/var/simulated-mac/internet/"_s +
-                                                 address.mid(QStringLiteral("https://").size()) + u".redirect"_s);
-        genuine << address << u"--redirect"_s << QString::fromUtf8(redirect).trimmed();
-        mac.furnish(u"set-download"_s, {address, u"--file"_s, file});
+        // Once the vendors are themselves again, a second run finds all the rest in place.
+        for (const QStringList &download : genuine)
+            mac.furnish(u"set-download"_s, download);
+        mac.takeCalls();
+        QCOMPARE(ending(mac, mac.run(full)), u"0: Hoàn tất: %1 thành công, 0 lỗi.; "_s.arg(planned));
+        const QStringList calls = mac.takeCalls();
+        QCOMPARE(calls.filter(u"brew install"_s), QStringList());
+        QCOMPARE(calls.filter(QRegularExpression(u"^ditto "_s)).size(), 3);
+        QCOMPARE(calls.filter(QRegularExpression(u"^unopkg "_s)), QStringList());
+        const QStringList after = report(mac);
+        QCOMPARE(beyond(after, before), missing);
+        QCOMPARE(beyond(before, after), u"- Slack: 4.41.97 [com.tinyspeck.slackmacgap] (/Applications)\n"
+                                        "- Telegram: 5.8.3 [com.tdesktop.Telegram] (/Applications)\n"
+                                        "- Thunderbird: 128.5.0 [org.mozilla.thunderbird] (/Applications)\n"
+                                        "- Thunderbird [thunderbird]: Đã cài\n"
+                                        "- Telegram Desktop [telegram]: Đã cài\n- Slack [slack]: Đã cài"_s);
     }
-    const QStringList full{u"--preset"_s, u"full"_s, u"--yes"_s};
-    const auto first = mac.run(full);
-    const auto planned = first.output.count(u"\n- "_s);
-    QCOMPARE(ending(mac, first), u"1: Hoàn tất: %1 thành công, 2 lỗi.; Telegram Desktop, Slack"_s.arg(planned - 2));
-    QCOMPARE(halfInstalled(mac), QStringList());
-    const QStringList before = report(mac);
-    QCOMPARE(QStringList(before.filter(u"]: Chưa cài"_s)),
-             QStringList({u"- Telegram Desktop [telegram]: Chưa cài"_s, u"- Slack [slack]: Chưa cài"_s}));
 
-    // Once the vendors are themselves again, a second run finds all the rest in place.
-    for (qsizetype at = 0; at < genuine.size(); at += 3)
-        mac.furnish(u"set-download"_s, genuine.mid(at, 3));
-    mac.takeCalls();
-    QCOMPARE(ending(mac, mac.run(full)), u"0: Hoàn tất: %1 thành công, 0 lỗi.; "_s.arg(planned));
-    const QStringList calls = mac.takeCalls();
-    QCOMPARE(calls.filter(u"brew install"_s), QStringList());
-    QCOMPARE(calls.filter(QRegularExpression(u"^ditto "_s)).size(), 2);
-    const QStringList after = report(mac);
-    QCOMPARE(beyond(after, before), u"- Telegram Desktop [telegram]: Chưa cài\n- Slack [slack]: Chưa cài"_s);
-    QCOMPARE(beyond(before, after), u"- Slack: 4.41.97 [com.tinyspeck.slackmacgap] (/Applications)\n"
-                                    "- Telegram: 5.8.3 [com.tdesktop.Telegram] (/Applications)\n"
-                                    "- Telegram Desktop [telegram]: Đã cài\n- Slack [slack]: Đã cài"_s);
-}
+    void eachToolFails()
+    {
+        struct Row {
+            const char *tool;
+            std::vector<const char *> ways;
+            const char *failed; ///< In these ways, these of the preset's items fail, and no other.
+            const char *preset = "minimal";
+        };
+        const QList<Row> rows{
+            {"/opt/homebrew/bin/brew",
+             {dies, "--status 1"},
+             "LibreOffice + Vietnamese, Office Fonts, Skim, PDFsam Basic, Archive Tools"},
+            {"/opt/homebrew/bin/brew", {lies}, "LibreOffice + Vietnamese, Skim, PDFsam Basic, Archive Tools"},
+            {"/usr/bin/curl", {lies, gone, "--damage"}, "Thunderbird"},
+            {"/usr/bin/hdiutil", {lies, dies}, "Thunderbird"},
+            {"/usr/bin/hdiutil", {"--flood 3000000", "--when detach --status 16"}, ""},
+            {"/usr/bin/codesign", {lies, dies}, "Thunderbird"},
+            {"/usr/bin/codesign", {"--delay 0.2"}, ""},
+            {"/usr/bin/ditto", {lies, gone, "--damage"}, "Thunderbird"},
+            {"/usr/sbin/spctl", {dies, gone}, "Thunderbird"},
+            {"/usr/bin/zip", {gone}, "Archive Tools"},
+            {"/usr/bin/unzip", {gone}, "Archive Tools"},
+            {"/usr/bin/open", {dies}, ""}, // what it would open is there
+            {"/opt/homebrew/bin/duti", {lies, dies}, "Set ONLYOFFICE Defaults", "standard"},
+        };
+        std::vector<std::function<QString()>> trials;
+        QStringList expected;
+        for (const Row &row : rows) {
+            const QString tool = QString::fromLatin1(row.tool), failed = QString::fromUtf8(row.failed);
+            const QString arguments = u"--preset %1 --yes"_s.arg(QString::fromLatin1(row.preset));
+            const qsizetype total = arguments.contains(u"minimal") ? 8 : 13;
+            const qsizetype failures = failed.split(u", "_s, Qt::SkipEmptyParts).size();
+            for (const char *option : row.ways) {
+                const QString way = QString::fromLatin1(option), name = tool + u' ' + way + u": "_s;
+                expected += name + u"%1: Hoàn tất: %2 thành công, %3 lỗi.; %4; 0: Hoàn tất: %5 thành công, 0 lỗi.; "_s
+                                       .arg(failures ? 1 : 0)
+                                       .arg(total - failures)
+                                       .arg(failures)
+                                       .arg(failed)
+                                       .arg(total);
+                trials.emplace_back([=] {
+                    const ProgramOnAMac mac;
+                    breakTool(mac, tool, way);
+                    const QString broken = ending(mac, mac.run(arguments));
+                    mendTool(mac, tool);
+                    const QString half = halfInstalled(mac).join(u' ');
+                    return name + broken + half + u"; "_s + ending(mac, mac.run(arguments));
+                });
+            }
+        }
+        QCOMPARE(onManyMacs(trials), expected);
+    }
 
-void WholeRoadTest::eachToolFails()
-{
-    struct Row {
-        const char *tool, *ways, *failed; ///< In these ways, these of the preset's items fail, and no other.
-        const char *preset = "minimal";
-    };
-    const QList<Row> rows{
-        {"/opt/homebrew/bin/brew", "dies", "LibreOffice + Vietnamese, Office Fonts, Skim, PDFsam Basic, Archive Tools"},
-        {"/usr/bin/curl", "lies gone", "Thunderbird"},
-        {"/usr/bin/hdiutil", "lies dies", "Thunderbird"},
-        {"/usr/bin/codesign", "lies dies", "Thunderbird"},
-        {"/usr/bin/ditto", "lies gone", "Thunderbird"},
-        {"/usr/sbin/spctl", "dies gone", "Thunderbird"},
-        {"/usr/bin/zip", "gone", "Archive Tools"},
-        {"/usr/bin/unzip", "gone", "Archive Tools"},
-        {"/usr/bin/open", "dies", ""}, // what it would open is there
-        {"/opt/homebrew/bin/duti", "lies dies", "Set ONLYOFFICE Defaults", "standard"},
-    };
-    std::vector<std::function<QString()>> trials;
-    QStringList expected;
-    for (const Row &row : rows) {
-        const QString tool = QString::fromLatin1(row.tool), failed = QString::fromUtf8(row.failed);
-        const QStringList ways = QString::fromLatin1(row.ways).split(u' '),
-                          arguments{u"--preset"_s, QString::fromLatin1(row.preset), u"--yes"_s};
-        const qsizetype total = arguments.at(1) == u"minimal" ? 8 : 13,
-                        failures = failed.split(u", "_s, Qt::SkipEmptyParts).size();
-        for (const QString &way : ways) {
-            const QString name = tool.section(u'/', -1) + u' ' + way;
-            expected += u"%1 %2: Hoàn tất: %3 thành công, %4 lỗi.; %5; 0: Hoàn tất: %6 thành công, 0 lỗi.; "_s.arg(name)
-                            .arg(failures ? 1 : 0)
-                            .arg(total - failures)
-                            .arg(failures)
-                            .arg(failed)
-                            .arg(total);
+    void inventoryLosesOnlyWhatAToolKnows()
+    {
+        const auto inventory = [](const QString &tool, const QString &way) {
+            const ProgramOnAMac mac;
+            mac.furnish(u"populate"_s, {});
+            breakTool(mac, tool, way);
+            return QStringList(report(mac).filter(u" • signature="_s));
+        };
+        const QStringList whole = names(inventory(u"/usr/bin/open"_s, u"gone"_s)); // which no scan needs
+        QVERIFY(whole.size() > 90);
+        struct Row {
+            const char *tool, *way, *known; ///< What only this tool knows.
+        };
+        std::vector<std::function<QString()>> trials;
+        for (const Row &row :
+             {Row{"/opt/homebrew/bin/brew", dies, "Homebrew formula"},
+              Row{"/usr/sbin/pkgutil", gone, "installer receipt"}, Row{"/usr/bin/codesign", dies, "signature=valid"},
+              Row{"/usr/sbin/system_profiler", gone, "nothing"}}) {
             trials.emplace_back([=] {
-                const ProgramOnAMac mac;
-                breakTool(mac, tool, way);
-                const QString broken = ending(mac, mac.run(arguments));
-                mendTool(mac, tool);
-                const QString half = halfInstalled(mac).join(u' ');
-                return name + u' ' + broken + half + u"; "_s + ending(mac, mac.run(arguments));
+                const QString known = QString::fromLatin1(row.known);
+                const QStringList found = inventory(QString::fromLatin1(row.tool), QString::fromLatin1(row.way));
+                QStringList left = whole;
+                left.removeIf([&](const QString &line) { return line.contains(known); });
+                return beyond(names(found), left) + beyond(left, names(found)) + found.filter(known).join(u'\n');
             });
         }
+        QCOMPARE(onManyMacs(trials).join(QString()), QString());
     }
-    QCOMPARE(onManyMacs(trials), expected);
-}
-
-void WholeRoadTest::inventoryLosesOnlyWhatAToolKnows()
-{
-    const auto inventory = [](const QString &tool, const QString &way) {
-        const ProgramOnAMac mac;
-        mac.furnish(u"populate"_s, {});
-        breakTool(mac, tool, way);
-        return QStringList(report(mac).filter(u" • signature="_s));
-    };
-    const QStringList whole = names(inventory(u"/usr/bin/open"_s, u"gone"_s)); // which no scan needs
-    QVERIFY(whole.size() > 90);
-    struct Row {
-        const char *tool, *way, *known; ///< What only this tool knows.
-    };
-    std::vector<std::function<QString()>> trials;
-    for (const Row &row :
-         {Row{"/opt/homebrew/bin/brew", "dies", "Homebrew formula"},
-          Row{"/usr/sbin/pkgutil", "gone", "installer receipt"}, Row{"/usr/bin/codesign", "dies", "signature=valid"},
-          Row{"/usr/sbin/system_profiler", "gone", "nothing"}}) {
-        trials.emplace_back([=] {
-            const QString known = QString::fromLatin1(row.known);
-            const QStringList found = inventory(QString::fromLatin1(row.tool), QString::fromLatin1(row.way));
-            QStringList left = whole;
-            left.removeIf([&](const QString &line) { return line.contains(known); });
-            return beyond(names(found), left) + beyond(left, names(found)) + found.filter(known).join(u'\n');
-        });
-    }
-    QCOMPARE(onManyMacs(trials).join(QString()), QString());
-}
+};
 
 QTEST_GUILESS_MAIN(WholeRoadTest)
 #include "WholeRoadTest.moc"

@@ -1,7 +1,6 @@
-#include "Stage.h"
+#include "Driving.h"
 
 #include <QAccessible>
-#include <QQuickItem>
 #include <QQuickWindow>
 #include <QTest>
 
@@ -9,63 +8,49 @@ using namespace Qt::StringLiterals;
 using namespace Tavelo;
 
 /// What a screen reader gets to know of the window.
-class AccessibilityTest : public QObject
+class AccessibilityTest : public WindowDriver
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyControlHasANameAndCanBePressed_data()
-    {
-        QTest::addColumn<int>("sheet");
-        using enum SheetKind;
-        const std::pair<const char *, SheetKind> sheets[] = {{"window", none},
-                                                             {"settings", settings},
-                                                             {"checks", systemChecks},
-                                                             {"report", report},
-                                                             {"cloud", cloudTools}};
-        for (const auto &[name, sheet] : sheets)
-            QTest::newRow(name) << static_cast<int>(sheet);
-    }
-
     void everyControlHasANameAndCanBePressed()
     {
-        QFETCH(int, sheet);
-        const ProgramOnAMac mac;
-        Stage stage(mac);
-        stage.model().selectGroup(u"audit"_s);
-        stage.settle();
-        stage.model().selectGroup(u"all"_s);
-        stage.model().show(Sheet(static_cast<SheetKind>(sheet)));
-        stage.settle();
-        int buttons = 0;
-        visit(*stage.window().contentItem(), buttons);
-        QVERIFY2(buttons >= 18, qPrintable(QString::number(buttons)));
+        using enum SheetKind;
+        open();
+        selectGroup(u"audit"_s);
+        settle();
+        selectGroup(u"all"_s);
+        for (const SheetKind sheet : {none, settings, systemChecks, report, cloudTools}) {
+            model().show(Sheet(sheet));
+            settle();
+            int buttons = 0;
+            visit(*window().contentItem(), buttons);
+            QVERIFY2(buttons >= 18, qPrintable(u"%1 in %2"_s.arg(buttons).arg(int(sheet))));
+        }
     }
 
     void pressesActAsTheMouseDoes()
     {
-        const ProgramOnAMac mac;
-        Stage stage(mac);
-        stage.settle();
-        press(stage, u"group-media"_s);
-        QCOMPARE(stage.model().selectedGroupID(), u"media"_s);
-        QVERIFY(of(stage.find(u"group-media"_s))->state().selected);
-        QVERIFY(!of(stage.find(u"group-office"_s))->state().selected);
-        press(stage, u"log-button"_s);
-        QVERIFY(stage.model().showLogDrawer());
-        press(stage, u"settings-button"_s);
-        QCOMPARE(stage.model().activeSheet().kind(), SheetKind::settings);
+        openAndSettle();
+        press(u"group-media"_s);
+        QCOMPARE(model().selectedGroupID(), u"media"_s);
+        QVERIFY(of(find(u"group-media"_s))->state().selected);
+        QVERIFY(!of(find(u"group-office"_s))->state().selected);
+        press(u"log-button"_s);
+        QVERIFY(model().showLogDrawer());
+        press(u"settings-button"_s);
+        QCOMPARE(model().activeSheet().kind(), SheetKind::settings);
     }
 
 private:
     static QAccessibleInterface *of(QQuickItem *item) { return QAccessible::queryAccessibleInterface(item); }
 
-    static void press(Stage &stage, const QString &name)
+    void press(const QString &name)
     {
-        QQuickItem *const item = stage.find(name);
+        QQuickItem *const item = find(name);
         QVERIFY2(item, qPrintable(name));
         of(item)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-        stage.pass(20);
+        pass(20);
     }
 
     static void visit(QQuickItem &item, int &buttons)

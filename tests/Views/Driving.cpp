@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
-#include <QQuickItem>
 #include <QQuickWindow>
 #include <QRegularExpression>
 #include <QTest>
@@ -12,81 +11,102 @@ using namespace Qt::StringLiterals;
 namespace Tavelo
 {
 
-void failOnWarnings()
+void WindowDriver::init()
 {
     QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support)"_s));
+    m_mac.emplace();
 }
 
-QPoint middle(Stage &stage, const QString &name)
+void WindowDriver::cleanup()
 {
-    const QQuickItem *const item = stage.find(name);
+    m_stage.reset();
+    m_mac.reset();
+}
+
+QString WindowDriver::textOf(const QString &name)
+{
+    const QQuickItem *const item = find(name);
+    return item ? item->property("text").toString() : u"nothing"_s;
+}
+
+QPoint WindowDriver::middle(const QString &name)
+{
+    const QQuickItem *const item = find(name);
     if (!item)
         qFatal("There is no %s in sight.", qPrintable(name));
     return item->mapToScene({item->width() / 2, item->height() / 2}).toPoint();
 }
 
-void click(Stage &stage, const QString &name)
+QString WindowDriver::focused()
 {
-    QTest::mouseClick(&stage.window(), Qt::LeftButton, {}, middle(stage, name));
-    stage.pass(20);
-}
-
-void key(Stage &stage, Qt::Key key)
-{
-    QTest::keyClick(&stage.window(), key);
-    stage.pass(20);
-}
-
-void hold(Stage &stage, Qt::Key key)
-{
-    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease, QEvent::KeyPress}) {
-        QKeyEvent event(type, key, {}, {}, true);
-        QCoreApplication::sendEvent(&stage.window(), &event);
-    }
-    stage.pass(20);
-}
-
-void type(Stage &stage, const QString &text)
-{
-    for (const QChar character : text)
-        QTest::keyClick(&stage.window(), character.toLatin1());
-}
-
-QString focused(Stage &stage)
-{
-    for (QQuickItem *item = stage.window().activeFocusItem(); item; item = item->parentItem()) {
+    for (QQuickItem *item = window().activeFocusItem(); item; item = item->parentItem()) {
         if (!item->objectName().isEmpty())
             return item->objectName();
     }
     return {};
 }
 
-QStringList tabRound(Stage &stage, const std::function<void(const QString &name)> &at)
+void WindowDriver::click(const QString &name)
 {
-    const QQuickItem *const first = stage.window().activeFocusItem();
+    QTest::mouseClick(&window(), Qt::LeftButton, {}, middle(name));
+    pass(20);
+}
+
+void WindowDriver::key(Qt::Key key)
+{
+    QTest::keyClick(&window(), key);
+    pass(20);
+}
+
+void WindowDriver::clickAndSettle(const QString &name)
+{
+    click(name);
+    settle();
+}
+
+void WindowDriver::keyAndSettle(Qt::Key which)
+{
+    key(which);
+    settle();
+}
+
+void WindowDriver::hold(Qt::Key key)
+{
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease, QEvent::KeyPress}) {
+        QKeyEvent event(type, key, {}, {}, true);
+        QCoreApplication::sendEvent(&window(), &event);
+    }
+    pass(20);
+}
+
+void WindowDriver::type(const QString &text)
+{
+    for (const QChar character : text)
+        QTest::keyClick(&window(), character.toLatin1());
+}
+
+QStringList WindowDriver::tabRound(const std::function<void(const QString &name)> &at)
+{
+    const QQuickItem *const first = window().activeFocusItem();
     QStringList round;
     do {
-        key(stage, Qt::Key_Tab);
-        round.append(focused(stage));
+        key(Qt::Key_Tab);
+        round.append(focused());
         if (at)
             at(round.constLast());
-    } while (stage.window().activeFocusItem() != first && round.size() < 40);
+    } while (window().activeFocusItem() != first && round.size() < 40);
     return round;
 }
 
-bool isEnabled(Stage &stage, const QString &name)
+void WindowDriver::selectGroup(const QString &group)
 {
-    return stage.find(name)->isEnabled();
+    model().selectGroup(group);
+    pass(20);
 }
 
-QString status(Stage &stage)
+void WindowDriver::slowDown()
 {
-    return stage.find(u"status-line"_s)->property("text").toString();
-}
-
-void slowDown(const ProgramOnAMac &mac)
-{
-    mac.furnish(u"break-tool"_s, {u"brew"_s, u"--delay"_s, u"1"_s});
+    m_mac->furnish(u"break-tool"_s, {u"brew"_s, u"--delay"_s, u"1"_s});
 }
 
 } // namespace Tavelo

@@ -17,42 +17,39 @@ class SymbolsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyGlyphIsInTheFont();
-    void everyNameIsKnown();
-};
-
-void SymbolsTest::everyGlyphIsInTheFont()
-{
-    QVERIFY(!Symbols::family().isEmpty());
-    const QRawFont font = QRawFont::fromFont(QFont(Symbols::family()));
-    QCOMPARE(font.familyName(), Symbols::family());
-    const QStringList names = Symbols::names() + QStringList(u"of no such name"_s);
-    for (const QString &name : names)
-        QVERIFY2(font.supportsCharacter(Symbols::glyph(name).at(0)), qPrintable(name));
-}
-
-void SymbolsTest::everyNameIsKnown()
-{
-    QStringList named;
-    for (const AppItem &item : Catalog::items())
-        named.append(item.symbol);
-    const GroupListModel groups;
-    for (int row = 0; row < groups.rowCount(); ++row)
-        named.append(groups.index(row).data(GroupListModel::symbol).toString());
-    for (int kind = 0; kind < 3; ++kind)
-        named.append(Tones::toast(kind).symbol);
-
-    static const QRegularExpression use(u"[sS]ymbol: \"([^\"]+)\""_s);
-    for (QDirIterator views(QStringLiteral(VIEWS), {u"*.qml"_s}); views.hasNext();) {
-        QFile view(views.next());
-        QVERIFY(view.open(QIODevice::ReadOnly));
-        for (auto uses = use.globalMatch(QString::fromUtf8(view.readAll())); uses.hasNext();)
-            named.append(uses.next().captured(1));
+    void everyGlyphIsInTheFont()
+    {
+        QVERIFY(!Symbols::family().isEmpty());
+        const QRawFont font = QRawFont::fromFont(QFont(Symbols::family()));
+        QCOMPARE(font.familyName(), Symbols::family());
+        const QStringList names = Symbols::names() + QStringList(u"of no such name"_s);
+        for (const QString &name : names)
+            QVERIFY2(font.supportsCharacter(Symbols::glyph(name).at(0)), qPrintable(name));
     }
-    QVERIFY(named.size() > 50);
-    for (const QString &name : named)
-        QVERIFY2(Symbols::names().contains(name), qPrintable(name));
-}
+
+    void everyNameIsKnown()
+    {
+        QStringList named;
+        for (const AppItem &item : Catalog::items())
+            named.append(item.symbol);
+        const GroupListModel groups;
+        for (int row = 0; row < groups.rowCount(); ++row)
+            named.append(groups.index(row).data(GroupListModel::symbol).toString());
+        for (int kind = 0; kind < 3; ++kind)
+            named.append(Tones::toast(kind).symbol);
+
+        static const QRegularExpression use(u"[sS]ymbol: \"([^\"]+)\""_s);
+        for (QDirIterator views(QStringLiteral(VIEWS), {u"*.qml"_s}); views.hasNext();) {
+            QFile view(views.next());
+            QVERIFY(view.open(QIODevice::ReadOnly));
+            for (auto uses = use.globalMatch(QString::fromUtf8(view.readAll())); uses.hasNext();)
+                named.append(uses.next().captured(1));
+        }
+        QVERIFY(named.size() > 50);
+        for (const QString &name : named)
+            QVERIFY2(Symbols::names().contains(name), qPrintable(name));
+    }
+};
 
 QTEST_MAIN(SymbolsTest)
 

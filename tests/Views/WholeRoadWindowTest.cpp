@@ -18,66 +18,46 @@
 using namespace Qt::StringLiterals;
 using namespace Tavelo;
 
-class WholeRoadWindowTest : public QObject
+class WholeRoadWindowTest : public WindowDriver
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase()
+    {
+        QNetworkProxyFactory::setUseSystemConfiguration(false);
+        m_cloud.trust();
+    }
     void fromTheFirstStartToTheLast();
 
 private: // NOLINT(readability-redundant-access-specifiers): not for moc
-    void checksTheMac(Stage &stage);
-    void installsAndRemoves(Stage &stage);
-    void meetsAWrongDownload(Stage &stage);
-    void reportsInEachLanguage(Stage &stage);
-    void obeysItsOrganisation(Stage &stage);
-    void isToBeUpdated(Stage &stage);
+    void checksTheMac();
+    void installsAndRemoves();
+    void meetsAWrongDownload();
+    void reportsInEachLanguage();
+    void obeysItsOrganisation();
+    void isToBeUpdated();
 
-    /// A click that opens or closes something, which takes a moment.
-    void clickAndWait(Stage &stage, const QString &name)
-    {
-        click(stage, name);
-        stage.pass(300);
-    }
-    void closeSheet(Stage &stage)
-    {
-        key(stage, Qt::Key_Escape);
-        stage.pass(300);
-    }
+    void chooseLanguage(AppLanguage language);
     /// Until the last task is done and the toast has gone; what the toast said.
-    QString outcome(Stage &stage)
+    QString outcome()
     {
-        stage.settle();
-        const QString text = stage.find(u"toast"_s) ? stage.model().toast().text : u"nothing"_s;
-        stage.advance(DeskrigViewModel::toastDuration);
-        stage.pass(300);
+        settle();
+        const QString text = find(u"toast"_s) ? model().toast().text : u"nothing"_s;
+        stage().advance(DeskrigViewModel::toastDuration);
+        settle();
         return text;
     }
-    QString shown(Stage &stage, const QString &name)
-    {
-        const QQuickItem *const item = stage.find(name);
-        return item ? item->property("text").toString() : u"nothing"_s;
-    }
-    void chooseLanguage(Stage &stage, AppLanguage language);
 
     RunningCloud m_cloud;
-    ProgramOnAMac m_mac;
 };
-
-void WholeRoadWindowTest::initTestCase()
-{
-    QNetworkProxyFactory::setUseSystemConfiguration(false);
-    m_cloud.trust();
-    m_mac.environment.insert(u"TAVELO_SUPABASE_URL"_s, m_cloud.url());
-    m_mac.environment.insert(u"TAVELO_SUPABASE_ANON_KEY"_s, u"local-anon-key"_s);
-}
 
 void WholeRoadWindowTest::fromTheFirstStartToTheLast()
 {
-    failOnWarnings();
+    mac().environment.insert(u"TAVELO_SUPABASE_URL"_s, m_cloud.url());
+    mac().environment.insert(u"TAVELO_SUPABASE_ANON_KEY"_s, u"local-anon-key"_s);
     // Each part goes on where the one before has left the Mac.
-    const std::vector<void (WholeRoadWindowTest::*)(Stage &)> days[] = {
+    const std::vector<void (WholeRoadWindowTest::*)()> days[] = {
         {&WholeRoadWindowTest::checksTheMac, &WholeRoadWindowTest::installsAndRemoves,
          &WholeRoadWindowTest::meetsAWrongDownload, &WholeRoadWindowTest::reportsInEachLanguage,
          &WholeRoadWindowTest::obeysItsOrganisation},
@@ -85,156 +65,159 @@ void WholeRoadWindowTest::fromTheFirstStartToTheLast()
     for (const auto &day : days) {
         const bool isLast = &day == &days[1];
         m_cloud.write(u"release-policy.json"_s, isLast ? R"({"update_required": true, "title": "Update!"})" : "{}");
-        Stage stage(m_mac, std::make_unique<NetworkTransport>());
-        stage.settle();
+        openAndSettle(std::make_unique<NetworkTransport>());
         for (const auto part : day) {
-            (this->*part)(stage);
+            (this->*part)();
             if (QTest::currentTestFailed())
                 return;
         }
     }
 }
 
-void WholeRoadWindowTest::checksTheMac(Stage &stage)
+void WholeRoadWindowTest::checksTheMac()
 {
-    click(stage, u"system-check-button"_s);
-    QCOMPARE(outcome(stage), u"Report written"_s);
-    QVERIFY(stage.model().latestChecks()->rowCount() > 0);
-    QCOMPARE(stage.model().reportApplications()->rowCount(), 0);
-    QVERIFY(stage.model().reportText().contains(u"\n- None detected.\n"));
-    closeSheet(stage);
-    QCOMPARE(stage.model().sheetKind(), SheetKind::none);
+    click(u"system-check-button"_s);
+    QCOMPARE(outcome(), u"Report written"_s);
+    QVERIFY(model().latestChecks()->rowCount() > 0);
+    QCOMPARE(model().reportApplications()->rowCount(), 0);
+    QVERIFY(model().reportText().contains(u"\n- None detected.\n"));
+    keyAndSettle(Qt::Key_Escape);
+    QCOMPARE(model().sheetKind(), SheetKind::none);
 }
 
-void WholeRoadWindowTest::installsAndRemoves(Stage &stage)
+void WholeRoadWindowTest::installsAndRemoves()
 {
-    click(stage, u"install-standard-button"_s);
-    QCOMPARE(outcome(stage), u"Finished preset standard set"_s);
-    QCOMPARE(stage.model().installedCount(), 15);
-    click(stage, u"group-printer"_s);
-    QCOMPARE(shown(stage, u"status-pdfarranger"_s), u"Installed"_s);
-    clickAndWait(stage, u"remove-pdfarranger"_s);
-    click(stage, u"remove-confirm-button"_s);
-    QCOMPARE(outcome(stage), u"Removed PDFsam Basic"_s);
-    QCOMPARE(shown(stage, u"status-pdfarranger"_s), u"Not installed"_s);
-    QCOMPARE(stage.model().installedCount(), 14);
-    QVERIFY(!m_mac.exists(u"/Applications/PDFsam Basic.app"_s));
+    click(u"group-printer"_s);
+    QVERIFY(!isEnabled(u"remove-pdfarranger"_s));
+    click(u"install-standard-button"_s);
+    QCOMPARE(outcome(), u"Finished preset standard set"_s);
+    QCOMPARE(model().installedCount(), 15);
+    QCOMPARE(textOf(u"status-pdfarranger"_s), u"Installed"_s);
+    clickAndSettle(u"remove-pdfarranger"_s);
+    keyAndSettle(Qt::Key_Escape);
+    QVERIFY(!find(u"remove-confirm-button"_s) && mac().exists(u"/Applications/PDFsam Basic.app"_s));
+    clickAndSettle(u"remove-pdfarranger"_s);
+    QCOMPARE(focused(), u"remove-cancel-button"_s);
+    click(u"remove-confirm-button"_s);
+    QCOMPARE(outcome(), u"Removed PDFsam Basic"_s);
+    QCOMPARE(textOf(u"status-pdfarranger"_s), u"Not installed"_s);
+    QCOMPARE(model().installedCount(), 14);
+    QVERIFY(!mac().exists(u"/Applications/PDFsam Basic.app"_s));
 }
 
-void WholeRoadWindowTest::meetsAWrongDownload(Stage &stage)
+void WholeRoadWindowTest::meetsAWrongDownload()
 {
     const QString address = catalogItem(u"telegram"_s).directInstaller->url;
-    m_mac.furnish(u"set-download"_s, {address, u"--file"_s, m_mac.hostPath(u"/etc/hosts"_s)});
-    click(stage, u"group-meeting"_s);
-    click(stage, u"install-telegram"_s);
-    QCOMPARE(outcome(stage), u"Failed Telegram Desktop"_s);
-    QCOMPARE(shown(stage, u"status-telegram"_s), u"Failed"_s);
-    click(stage, u"install-slack"_s);
-    QCOMPARE(outcome(stage), u"Processed Slack"_s);
-    QCOMPARE(shown(stage, u"status-telegram"_s), u"Failed"_s);
+    mac().furnish(u"set-download"_s, {address, u"--file"_s, mac().hostPath(u"/etc/hosts"_s)});
+    click(u"group-meeting"_s);
+    click(u"install-telegram"_s);
+    QCOMPARE(outcome(), u"Failed Telegram Desktop"_s);
+    QCOMPARE(textOf(u"status-telegram"_s), u"Failed"_s);
+    click(u"install-slack"_s);
+    QCOMPARE(outcome(), u"Processed Slack"_s);
+    QCOMPARE(textOf(u"status-telegram"_s), u"Failed"_s);
 }
 
-void WholeRoadWindowTest::chooseLanguage(Stage &stage, AppLanguage language)
+void WholeRoadWindowTest::chooseLanguage(AppLanguage language)
 {
-    clickAndWait(stage, u"settings-button"_s);
-    click(stage, u"language-picker"_s);
-    key(stage, Qt::Key_Home);
+    clickAndSettle(u"settings-button"_s);
+    click(u"language-picker"_s);
+    key(Qt::Key_Home);
     for (int step = 0; step < int(language); ++step)
-        key(stage, Qt::Key_Down);
-    key(stage, Qt::Key_Return);
-    clickAndWait(stage, u"settings-done-button"_s);
-    QCOMPARE(stage.model().language(), language);
+        key(Qt::Key_Down);
+    key(Qt::Key_Return);
+    clickAndSettle(u"settings-done-button"_s);
+    QCOMPARE(model().language(), language);
 }
 
-void WholeRoadWindowTest::reportsInEachLanguage(Stage &stage)
+void WholeRoadWindowTest::reportsInEachLanguage()
 {
-    click(stage, u"audit-sidebar-button"_s);
-    stage.settle();
-    const QStringList names = stage.model().reportText().split(u'\n').filter(u" • signature="_s);
-    QCOMPARE(names.size(), stage.model().reportApplications()->rowCount());
+    clickAndSettle(u"audit-sidebar-button"_s);
+    const QStringList names = model().reportText().split(u'\n').filter(u" • signature="_s);
+    QCOMPARE(names.size(), model().reportApplications()->rowCount());
     QVERIFY(names.size() > 8);
     for (const AppLanguage language : AppLanguages::supported()) {
-        chooseLanguage(stage, language);
+        chooseLanguage(language);
         if (QTest::currentTestFailed())
             return;
-        clickAndWait(stage, u"report-button"_s);
-        click(stage, u"scan-again-button"_s);
-        QCOMPARE(outcome(stage), AppStrings(language).auditComplete(names.size()));
-        const QString text = stage.model().reportText();
+        clickAndSettle(u"report-button"_s);
+        click(u"scan-again-button"_s);
+        QCOMPARE(outcome(), AppStrings(language).auditComplete(names.size()));
+        const QString text = model().reportText();
         QVERIFY(text.contains(u'\n' + reportTexts(language).catalogHeading + u'\n'));
         QCOMPARE(QStringList(text.split(u'\n').filter(u" • signature="_s)), names);
         QVERIFY(text.contains(u"- Telegram Desktop [telegram]: "_s + reportTexts(language).notInstalled + u'\n'));
 
-        if (stage.model().reportProfile().inspectorName.isEmpty()) {
-            click(stage, u"inspector-field"_s);
-            type(stage, u"Lan"_s);
+        if (model().reportProfile().inspectorName.isEmpty()) {
+            click(u"inspector-field"_s);
+            type(u"Lan"_s);
         }
-        clickAndWait(stage, u"export-button"_s);
-        QTRY_VERIFY(isEnabled(stage, u"save-button"_s));
-        type(stage, rawValue(language)); // in place of what is proposed
-        m_mac.takeCalls();
-        key(stage, Qt::Key_Return);
-        QCOMPARE(outcome(stage), AppStrings(language).screenText(ScreenText::pdfExported));
+        clickAndSettle(u"export-button"_s);
+        QTRY_VERIFY(isEnabled(u"save-button"_s));
+        type(rawValue(language)); // in place of what is proposed
+        mac().takeCalls();
+        key(Qt::Key_Return);
+        QCOMPARE(outcome(), AppStrings(language).screenText(ScreenText::pdfExported));
         const QString pdf = u"/Users/technician/Documents/%1.pdf"_s.arg(rawValue(language));
-        QVERIFY(m_mac.contents(pdf).startsWith("%PDF"));
-        QCOMPARE(m_mac.takeCalls().filter(u"open "_s), QStringList(u"open "_s + pdf));
-        closeSheet(stage);
+        QVERIFY(mac().contents(pdf).startsWith("%PDF"));
+        QCOMPARE(mac().takeCalls().filter(u"open "_s), QStringList(u"open "_s + pdf));
+        keyAndSettle(Qt::Key_Escape);
     }
 }
 
-void WholeRoadWindowTest::obeysItsOrganisation(Stage &stage)
+void WholeRoadWindowTest::obeysItsOrganisation()
 {
     const auto ask = [&](const QString &button) {
-        clickAndWait(stage, u"cloud-tools-button"_s);
-        const QUuid before = stage.model().toast().id;
-        click(stage, button);
-        const bool isAnswered = QTest::qWaitFor([&] { return stage.model().toast().id != before; });
-        closeSheet(stage);
-        return isAnswered ? outcome(stage) : u"no answer"_s;
+        clickAndSettle(u"cloud-tools-button"_s);
+        const QUuid before = model().toast().id;
+        click(button);
+        const bool isAnswered = QTest::qWaitFor([&] { return model().toast().id != before; });
+        keyAndSettle(Qt::Key_Escape);
+        return isAnswered ? outcome() : u"no answer"_s;
     };
     const QString done = u"Đã áp 1 policy từ Business organization."_s;
-    click(stage, u"group-media"_s);
+    click(u"group-media"_s);
     m_cloud.write(u"business.json"_s, R"({"policies": [{"policy": {"allowed_item_ids": []}}]})");
     QCOMPARE(ask(u"fetch-configuration-button"_s), done);
-    QCOMPARE(stage.find(u"item-list"_s)->property("count").toInt(), 0);
+    QCOMPARE(find(u"item-list"_s)->property("count").toInt(), 0);
     m_cloud.write(u"business.json"_s, R"({"policies": [{"policy": {"disabled_item_ids": ["vlc"]}}]})");
     QCOMPARE(ask(u"fetch-configuration-button"_s), done);
     m_cloud.write(u"app_catalog.json"_s, R"([{"item_id": "inkscape", "is_active": false}])");
     QCOMPARE(ask(u"sync-catalog-button"_s), u"Đã đồng bộ 1 app từ Supabase."_s);
     for (const auto &hidden : {u"install-vlc"_s, u"install-inkscape"_s})
-        QVERIFY(!stage.find(hidden));
+        QVERIFY(!find(hidden));
 
-    click(stage, u"install-full-button"_s);
-    QCOMPARE(outcome(stage), stage.model().strings().presetFailures(1)); // Telegram, still
-    QCOMPARE(shown(stage, u"status-gimp"_s), reportTexts(stage.model().language()).installed);
-    QCOMPARE(m_mac.takeCalls().filter(QRegularExpression(u"^brew install.*(vlc|inkscape|gimp)"_s)),
+    click(u"install-full-button"_s);
+    QCOMPARE(outcome(), model().strings().presetFailures(1)); // Telegram, still
+    QCOMPARE(textOf(u"status-gimp"_s), reportTexts(model().language()).installed);
+    QCOMPARE(mac().takeCalls().filter(QRegularExpression(u"^brew install.*(vlc|inkscape|gimp)"_s)),
              QStringList(u"brew install --cask gimp"_s));
 }
 
-void WholeRoadWindowTest::isToBeUpdated(Stage &stage)
+void WholeRoadWindowTest::isToBeUpdated()
 {
     // What was chosen, typed in and exported last is there again, and so is the organisation's word.
-    QCOMPARE(stage.model().language(), AppLanguage::chinese);
-    QCOMPARE(stage.model().reportProfile().inspectorName, u"Lan"_s);
-    QVERIFY(stage.model().reportText().contains(reportTexts(AppLanguage::chinese).catalogHeading));
-    QCOMPARE(stage.model().catalogItems().size(), Catalog::items().size() - 2);
+    QCOMPARE(model().language(), AppLanguage::chinese);
+    QCOMPARE(model().reportProfile().inspectorName, u"Lan"_s);
+    QVERIFY(model().reportText().contains(reportTexts(AppLanguage::chinese).catalogHeading));
+    QCOMPARE(model().catalogItems().size(), Catalog::items().size() - 2);
 
-    QTRY_VERIFY(stage.find(u"force-update-banner"_s));
-    QCOMPARE(outcome(stage), u"Update!"_s);
-    m_mac.takeCalls();
+    QTRY_VERIFY(find(u"force-update-banner"_s));
+    QCOMPARE(outcome(), u"Update!"_s);
+    mac().takeCalls();
     for (const auto &button : {u"install-standard-button"_s, u"install-full-button"_s}) {
-        click(stage, button);
-        QVERIFY(!stage.model().isInstalling());
-        QCOMPARE(outcome(stage), u"nothing"_s);
+        click(button);
+        QVERIFY(!model().isInstalling());
+        QCOMPARE(outcome(), u"nothing"_s);
     }
-    click(stage, u"group-printer"_s);
-    click(stage, u"install-pdfarranger"_s);
-    QCOMPARE(outcome(stage), AppStrings(AppLanguage::chinese).updateRequiredToast());
-    QCOMPARE(m_mac.takeCalls(), QStringList());
-    QVERIFY(stage.find(u"force-update-banner"_s));
+    click(u"group-printer"_s);
+    click(u"install-pdfarranger"_s);
+    QCOMPARE(outcome(), AppStrings(AppLanguage::chinese).updateRequiredToast());
+    QCOMPARE(mac().takeCalls(), QStringList());
+    QVERIFY(find(u"force-update-banner"_s));
 
     // The command line is bound by neither.
-    const auto plan = m_mac.run({u"--preset"_s, u"full"_s}, "n\n");
+    const auto plan = mac().run(u"--preset full"_s, "n\n");
     QCOMPARE(plan.status, 130);
     QVERIFY(plan.output.contains(u"\n- VLC (cask)\n"));
 }

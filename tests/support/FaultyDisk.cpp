@@ -83,15 +83,11 @@ auto unlessFailing(int code, Function *function, Arguments... arguments)
     return static_cast<decltype(function(arguments...))>(-1);
 }
 
-int openIn(const char *name, int folder, const char *path, int flags, mode_t mode)
+int openIn(int folder, const char *path, int flags, va_list arguments)
 {
+    const mode_t mode = flags & (O_CREAT | __O_TMPFILE) ? va_arg(arguments, mode_t) : 0;
     const int code = current ? failure(pathIn(folder, path), flags & O_CREAT ? Need::space : Need::nothing) : 0;
-    return unlessFailing(code, next<int(int, const char *, int, ...)>(name), folder, path, flags, mode);
-}
-
-mode_t modeAmong(int flags, va_list arguments)
-{
-    return flags & (O_CREAT | __O_TMPFILE) ? va_arg(arguments, mode_t) : 0;
+    return unlessFailing(code, next<int(int, const char *, int, ...)>("openat"), folder, path, flags, mode);
 }
 
 } // namespace
@@ -123,27 +119,21 @@ int open(const char *path, int flags, ...)
 {
     va_list arguments;
     va_start(arguments, flags);
-    const mode_t mode = modeAmong(flags, arguments);
+    const int descriptor = openIn(AT_FDCWD, path, flags, arguments);
     va_end(arguments);
-    return openIn("openat", AT_FDCWD, path, flags, mode);
+    return descriptor;
 }
 
-int open64(const char *path, int flags, ...)
-{
-    va_list arguments;
-    va_start(arguments, flags);
-    const mode_t mode = modeAmong(flags, arguments);
-    va_end(arguments);
-    return openIn("openat64", AT_FDCWD, path, flags, mode);
-}
+/// The same, since files have sizes of 64 bits here.
+int open64(const char *path, int flags, ...) __attribute__((alias("open")));
 
 int openat(int folder, const char *path, int flags, ...)
 {
     va_list arguments;
     va_start(arguments, flags);
-    const mode_t mode = modeAmong(flags, arguments);
+    const int descriptor = openIn(folder, path, flags, arguments);
     va_end(arguments);
-    return openIn("openat", folder, path, flags, mode);
+    return descriptor;
 }
 
 int mkstemp(char *path)

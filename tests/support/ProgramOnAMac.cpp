@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QProcess>
 
 namespace Tavelo
@@ -10,17 +9,14 @@ namespace Tavelo
 
 ProgramOnAMac::ProgramOnAMac(const QStringList &options)
 {
-    environment.insert(QStringLiteral("PATH"), QStringLiteral("/usr/bin:/bin"));
-    environment.insert(QStringLiteral("USER"), QStringLiteral("technician"));
-    environment.insert(QStringLiteral("TAVELO_MAC_HOST_ROOT"), m_folder.path());
     furnish(QStringLiteral("make-mac"), QStringList{QStringLiteral("--pace"), QStringLiteral("0")} + options);
 }
 
-ProgramOnAMac::Outcome ProgramOnAMac::run(const QStringList &arguments, const QByteArray &input) const
+ProgramOnAMac::Outcome ProgramOnAMac::run(const QString &arguments, const QByteArray &input) const
 {
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(program(), arguments);
+    process.start(program(), arguments.split(u' '));
     process.write(input);
     process.closeWriteChannel();
     if (!process.waitForFinished(120000))
@@ -33,21 +29,10 @@ void ProgramOnAMac::furnish(const QString &tool, const QStringList &arguments) c
 {
     QProcess process;
     process.setProcessEnvironment(environment);
-    process.start(QStringLiteral(SIMULATED_MAC "/") + tool, QStringList(m_folder.path()) + arguments);
+    process.start(QStringLiteral(SIMULATED_MAC "/") + tool, QStringList(folder()) + arguments);
     if (!process.waitForFinished() || process.exitCode() != 0)
         qFatal("%s %s: %s", qPrintable(tool), qPrintable(arguments.join(u' ')),
                process.readAllStandardError().constData());
-}
-
-bool ProgramOnAMac::exists(const QString &macPath) const
-{
-    return QFileInfo::exists(hostPath(macPath));
-}
-
-QByteArray ProgramOnAMac::contents(const QString &macPath) const
-{
-    QFile file(hostPath(macPath));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 QStringList ProgramOnAMac::logLines() const
@@ -59,11 +44,10 @@ QStringList ProgramOnAMac::logLines() const
 QStringList ProgramOnAMac::leftovers() const
 {
     QStringList left;
-    for (const char *folder : {"mounts", "extract"}) {
-        const QDir cache(hostPath(QStringLiteral("/Users/technician/Library/Caches/tavelo-deskrig/")) +
-                         QString::fromLatin1(folder));
-        left += cache.entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-    }
+    const QString cache = hostPath(home()) + QStringLiteral("/Library/Caches/tavelo-deskrig");
+    for (const char *folder : {"/mounts", "/extract"})
+        left +=
+            QDir(cache + QLatin1StringView(folder)).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     return left;
 }
 
@@ -78,11 +62,6 @@ QStringList ProgramOnAMac::takeCalls() const
 QString ProgramOnAMac::program()
 {
     return QStringLiteral(PROGRAM);
-}
-
-PlatformServices ProgramOnAMac::services() const
-{
-    return PlatformServices::make(environment);
 }
 
 } // namespace Tavelo

@@ -1,18 +1,12 @@
 #pragma once
 
-#include "PlatformServices.h"
-
-#include <QByteArray>
-#include <QProcessEnvironment>
-#include <QString>
-#include <QStringList>
-#include <QTemporaryDir>
+#include "TemporaryMac.h"
 
 namespace Tavelo
 {
 
 /// The program as a process, on a simulated Mac of its own.
-class ProgramOnAMac
+class ProgramOnAMac : public MacFolder
 {
 public:
     /// `options` are those of `simulated-mac/make-mac`.
@@ -23,15 +17,12 @@ public:
         QString output;
         QString errors;
     };
-    /// Runs the program to its end with that standard input.
-    Outcome run(const QStringList &arguments, const QByteArray &input = {}) const;
+    /// Runs the program to its end with that standard input. Its arguments have blanks between.
+    Outcome run(const QString &arguments, const QByteArray &input = {}) const;
 
     /// Runs one of the programs that furnish a Mac (`break-tool`, `add-app` …) on this one; a failure ends the test.
     void furnish(const QString &tool, const QStringList &arguments) const;
 
-    QString hostPath(const QString &macPath) const { return m_folder.path() + macPath; }
-    bool exists(const QString &macPath) const;
-    QByteArray contents(const QString &macPath) const;
     QStringList logLines() const;
 
     /// What vendor downloads have left in their working folders; nothing, after whatever end.
@@ -40,14 +31,7 @@ public:
     /// What the Mac's tools were called with since the last time, a line a call.
     QStringList takeCalls() const;
 
-    QProcessEnvironment environment; ///< Of the program; may be changed before a run.
     static QString program();
-
-    /// The same Mac for code that runs in the test itself.
-    PlatformServices services() const;
-
-private:
-    QTemporaryDir m_folder;
 };
 
 } // namespace Tavelo

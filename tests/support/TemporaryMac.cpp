@@ -35,18 +35,14 @@ void StillClock::advance(std::chrono::milliseconds duration) const
     setNow(end);
 }
 
-TemporaryMac::TemporaryMac()
+MacFolder::MacFolder()
 {
     environment.insert(QStringLiteral("TAVELO_MAC_HOST_ROOT"), folder());
     environment.insert(QStringLiteral("PATH"), QStringLiteral("/usr/bin:/bin"));
     environment.insert(QStringLiteral("USER"), QStringLiteral("technician"));
-    QDir(folder()).mkpath(QStringLiteral("Applications"));
-    QDir(folder()).mkpath(home().mid(1));
-    setVersion(QStringLiteral("15.1"));
-    write(QStringLiteral("/etc/hosts"), "127.0.0.1 formulae.brew.sh\n");
 }
 
-void TemporaryMac::write(const QString &macPath, const QByteArray &bytes, bool executable) const
+void MacFolder::write(const QString &macPath, const QByteArray &bytes, bool executable) const
 {
     QDir().mkpath(QFileInfo(hostPath(macPath)).path());
     QFile file(hostPath(macPath));
@@ -54,6 +50,40 @@ void TemporaryMac::write(const QString &macPath, const QByteArray &bytes, bool e
         qFatal("cannot write %s", qPrintable(file.fileName()));
     if (executable)
         file.setPermissions(file.permissions() | QFile::ExeOwner | QFile::ExeUser);
+}
+
+QByteArray MacFolder::contents(const QString &macPath) const
+{
+    QFile file(hostPath(macPath));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool MacFolder::exists(const QString &macPath) const
+{
+    return QFileInfo::exists(hostPath(macPath));
+}
+
+int MacFolder::mode(const QString &macPath) const
+{
+    struct stat info = {};
+    return ::stat(QFile::encodeName(hostPath(macPath)).constData(), &info) == 0
+               ? static_cast<int>(info.st_mode & 07777U)
+               : -1;
+}
+
+PlatformServices MacFolder::services() const
+{
+    PlatformServices services = PlatformServices::make(environment);
+    services.clock = std::make_shared<StillClock>();
+    return services;
+}
+
+TemporaryMac::TemporaryMac()
+{
+    QDir(folder()).mkpath(QStringLiteral("Applications"));
+    QDir(folder()).mkpath(home().mid(1));
+    setVersion(QStringLiteral("15.1"));
+    write(QStringLiteral("/etc/hosts"), "127.0.0.1 formulae.brew.sh\n");
 }
 
 void TemporaryMac::addTool(const QString &macPath, const QByteArray &script) const
@@ -94,32 +124,6 @@ void TemporaryMac::setVersion(const QString &version) const
           PropertyList::xml(QVariantMap{{QStringLiteral("ProductVersion"), version}}));
 }
 
-QByteArray TemporaryMac::contents(const QString &macPath) const
-{
-    QFile file(hostPath(macPath));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool TemporaryMac::exists(const QString &macPath) const
-{
-    return QFileInfo::exists(hostPath(macPath));
-}
-
-int TemporaryMac::mode(const QString &macPath) const
-{
-    struct stat info = {};
-    return ::stat(QFile::encodeName(hostPath(macPath)).constData(), &info) == 0
-               ? static_cast<int>(info.st_mode & 07777U)
-               : -1;
-}
-
-PlatformServices TemporaryMac::services() const
-{
-    PlatformServices services = PlatformServices::make(environment);
-    services.clock = std::make_shared<StillClock>();
-    return services;
-}
-
 UiLog Recorder::uiLog()
 {
     return [this](const QString &line) { lines.append(line); };
@@ -136,14 +140,6 @@ QStringList Recorder::texts() const
     for (const QString &line : lines)
         texts.append(line.mid(11));
     return texts;
-}
-
-QList<double> Recorder::fractions() const
-{
-    QList<double> fractions;
-    for (const InstallProgressUpdate &update : progress)
-        fractions.append(update.fraction.value_or(-1));
-    return fractions;
 }
 
 } // namespace Tavelo

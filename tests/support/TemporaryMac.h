@@ -50,12 +50,11 @@ private:
     mutable QList<Call> m_waiting; ///< Of the main thread.
 };
 
-/// An empty Mac in a temporary folder, on macOS 15.1 with the network answering, for a test to furnish with files and
-/// small tools of its own. Its user is `technician`.
-class TemporaryMac
+/// A temporary folder of the host that is to be a Mac, whose user is `technician`; nothing lies in it yet.
+class MacFolder
 {
 public:
-    TemporaryMac();
+    MacFolder();
 
     /// Where the Mac lies on the host.
     QString folder() const { return m_folder.path(); }
@@ -64,6 +63,29 @@ public:
 
     /// Writes a file, with the folders above it.
     void write(const QString &macPath, const QByteArray &bytes, bool executable = false) const;
+
+    /// Bytes of a file; empty if there is none.
+    QByteArray contents(const QString &macPath) const;
+    bool exists(const QString &macPath) const;
+
+    /// Permission bits of a file, as `0600`.
+    int mode(const QString &macPath) const;
+
+    /// The environment that the services are made from, and the program runs in; to be changed before.
+    QProcessEnvironment environment;
+
+    /// Real services on this Mac, with a `StillClock`.
+    PlatformServices services() const;
+
+private:
+    QTemporaryDir m_folder;
+};
+
+/// An empty Mac on macOS 15.1 with the network answering, for a test to furnish with files and small tools of its own.
+class TemporaryMac : public MacFolder
+{
+public:
+    TemporaryMac();
 
     /// A program: the lines of a POSIX shell script. `$ROOT` in it is the Mac's folder on the host, `$last` the last
     /// argument. Each start is kept for `calls`.
@@ -80,22 +102,6 @@ public:
     void addApp(const QString &macPath, const QString &identifier) const;
 
     void setVersion(const QString &version) const;
-
-    /// Bytes of a file; empty if there is none.
-    QByteArray contents(const QString &macPath) const;
-    bool exists(const QString &macPath) const;
-
-    /// Permission bits of a file, as `0600`.
-    int mode(const QString &macPath) const;
-
-    /// The environment that the services are made from; change it before `services()`.
-    QProcessEnvironment environment;
-
-    /// Real services on this Mac, with a `StillClock`.
-    PlatformServices services() const;
-
-private:
-    QTemporaryDir m_folder;
 };
 
 /// What a front end would have heard. Deliver what is queued with the main queue's `service()`.
@@ -108,7 +114,6 @@ struct Recorder {
 
     /// The lines without their "[HH:mm:ss] ".
     QStringList texts() const;
-    QList<double> fractions() const;
 };
 
 } // namespace Tavelo

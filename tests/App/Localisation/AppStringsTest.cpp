@@ -1,12 +1,10 @@
 #include "AppStrings.h"
 
-#include "Catalog.h"
 #include "Golden.h"
 #include "InstalledMacApplication.h"
 #include "Row.h"
-#include "TemporaryMac.h"
 #include "UserDefaults.h"
-#include "WrittenIn.h"
+#include "Workshop.h"
 
 #include <QSet>
 
@@ -17,9 +15,6 @@
 
 using namespace Qt::StringLiterals;
 using namespace Tavelo;
-
-Q_DECLARE_METATYPE(AppKind)
-Q_DECLARE_METATYPE(AppLanguage)
 
 namespace
 {
@@ -51,22 +46,6 @@ const QString app = u"Slack %2"_s; // which must not be filled again
 const QString preset = u"set %1"_s;
 const QString version = u"9.8"_s;
 constexpr qsizetype few = 7, many = 28, none = 13;
-
-AppItem item(AppKind kind, const QStringList &appPaths = {})
-{
-    AppItem item;
-    item.id = u"house-tool"_s;
-    item.macName = u"House Tool"_s;
-    item.kind = kind;
-    item.appPaths = appPaths;
-    return item;
-}
-
-const AppItem &catalogItem(QStringView id)
-{
-    const auto &items = Catalog::items();
-    return *std::find_if(items.begin(), items.end(), [id](const AppItem &each) { return each.id == id; });
-}
 
 QString asText(const QString &value)
 {
@@ -130,7 +109,7 @@ QList<Sample> samples()
     for (const AppKind kind : {AppKind::direct, AppKind::formula, AppKind::cask, AppKind::bundle, AppKind::shortcut,
                                AppKind::builtin, AppKind::mime, AppKind::blocked})
         samples.append(
-            {u"sourceLabel "_s + rawValue(kind), [kind](const AppStrings &s) { return s.sourceLabel(item(kind)); }});
+            {u"sourceLabel "_s + rawValue(kind), [kind](const AppStrings &s) { return s.sourceLabel(anItem(kind)); }});
     samples += plain(OF(settingsSubtitle), OF(languageSettingDetail), OF(reportTitle), OF(reportDescription),
                      OF(copiedReportPath), OF(systemChecksDescription), OF(systemTitle), OF(checkingInstalledStatus),
                      OF(itemUnsupportedToast), OF(writingReport), OF(copiedLogPath), OF(systemReadyDetail),
@@ -177,20 +156,20 @@ QList<Sample> samples()
         SAMPLE(statusText(InstallStatus::working, u"45%"_s), u"45%"_s),
         SAMPLE(statusText(InstallStatus::failed)),
         SAMPLE(statusText(InstallStatus::blocked)),
-        SAMPLE(primaryActionLabel(InstallStatus::missing, item(AppKind::cask))),
-        SAMPLE(primaryActionLabel(InstallStatus::installed, item(AppKind::shortcut))),
-        SAMPLE(primaryActionLabel(InstallStatus::installed, item(AppKind::mime))),
-        SAMPLE(primaryActionLabel(InstallStatus::working, item(AppKind::cask))),
-        SAMPLE(primaryActionLabel(InstallStatus::failed, item(AppKind::cask))),
-        SAMPLE(primaryActionLabel(InstallStatus::blocked, item(AppKind::blocked))),
+        SAMPLE(primaryActionLabel(InstallStatus::missing, anItem(AppKind::cask))),
+        SAMPLE(primaryActionLabel(InstallStatus::installed, anItem(AppKind::shortcut))),
+        SAMPLE(primaryActionLabel(InstallStatus::installed, anItem(AppKind::mime))),
+        SAMPLE(primaryActionLabel(InstallStatus::working, anItem(AppKind::cask))),
+        SAMPLE(primaryActionLabel(InstallStatus::failed, anItem(AppKind::cask))),
+        SAMPLE(primaryActionLabel(InstallStatus::blocked, anItem(AppKind::blocked))),
         SAMPLE(packageSummary({u"p7zip"_s, u"keka"_s}), u"2"_s),
         SAMPLE(summary(few, many), u"7/28"_s),
         SAMPLE(operationSummary(few, many), u"7/28"_s),
-        SAMPLE(itemDescription(catalogItem(u"slack"))),
-        SAMPLE(itemReplacementNote(catalogItem(u"rclone"))),
-        SAMPLE(itemName(catalogItem(u"deja-dup"))),
-        SAMPLE(itemName(catalogItem(u"rclone"))),
-        SAMPLE(itemName(item(AppKind::cask)), u"House Tool"_s),
+        SAMPLE(itemDescription(catalogItem(u"slack"_s))),
+        SAMPLE(itemReplacementNote(catalogItem(u"rclone"_s))),
+        SAMPLE(itemName(catalogItem(u"deja-dup"_s))),
+        SAMPLE(itemName(catalogItem(u"rclone"_s))),
+        SAMPLE(itemName(anItem(AppKind::cask)), u"Item"_s),
         SAMPLE(setupNeeded({u"Homebrew"_s, u"Dung lượng trống"_s}), u"Homebrew, "_s),
         SAMPLE(installingPreset(preset, many), preset, u"28"_s),
         SAMPLE(preparingPreset(preset), preset),
@@ -200,12 +179,38 @@ QList<Sample> samples()
     return samples;
 }
 
+/// Whether the text is written as that language is, which no two of the five share. Words of another script may stand
+/// between its own.
+bool isWrittenIn(AppLanguage language, const QString &text)
+{
+    constexpr int longestLabel = 6; // in characters that Japanese may string together without a syllable sign
+    const auto count = [&text](auto... scripts) {
+        return std::count_if(text.begin(), text.end(), [=](QChar c) { return ((c.script() == scripts) || ...); });
+    };
+    const auto hangul = count(QChar::Script_Hangul), han = count(QChar::Script_Han);
+    const auto kana = count(QChar::Script_Hiragana, QChar::Script_Katakana);
+    const bool plain = std::all_of(text.begin(), text.end(), [](QChar c) { return c < u'\x7f' || !c.isLetter(); });
+    switch (language) {
+    case AppLanguage::english:
+        return plain && !text.isEmpty();
+    case AppLanguage::vietnamese:
+        return !plain && hangul + kana + han == 0;
+    case AppLanguage::korean:
+        return hangul > 0 && kana == 0;
+    case AppLanguage::japanese:
+        return hangul == 0 && (kana > 0 || (han > 0 && han <= longestLabel && !text.contains(u'。')));
+    case AppLanguage::chinese:
+        return han > 0 && kana + hangul == 0;
+    }
+    return false;
+}
+
 /// Whether the text may stand for that language though no word of it is of that language.
 bool isKnownToBeForeign(AppLanguage language, const QString &name, const QString &text)
 {
     static const QSet<QString> names{u"Office Basic"_s,  u"Microsoft Office"_s,        u"Homebrew formula"_s,
                                      u"Homebrew cask"_s, u"Homebrew formula + cask"_s, u"%1 TAVELO"_s,
-                                     u"House Tool"_s};
+                                     u"Item"_s};
     static const QSet<QString> vietnameseLoans{u"Log"_s, u"Package/action"_s, u"Upload report"_s,    u"Team ID"_s,
                                                u"STT"_s, u"Workspace"_s,      u"Artifact license"_s, u"Shortcut web"_s};
     static const QSet<QString> englishAndVietnamese{u"screen pdfExported"_s,      u"screen scanBeforeExport"_s,
@@ -224,15 +229,21 @@ class AppStringsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void everyTextIsInItsLanguageWithItsArguments();
-    void lookUp_data();
-    void lookUp();
-    void unrecognisedCheckStaysAsItCame_data();
-    void unrecognisedCheckStaysAsItCame();
-    void buttonPromisesWhatItDoes_data();
-    void buttonPromisesWhatItDoes();
-    void storedLanguage_data();
-    void storedLanguage();
+    void everyTextIsInItsLanguageWithItsArguments()
+    {
+        QStringList faults;
+        for (const Sample &sample : samples()) {
+            for (const AppLanguage language : AppLanguages::supported()) {
+                const QString text = sample.text(AppStrings(language));
+                bool good = isWrittenIn(language, text) || isKnownToBeForeign(language, sample.name, text);
+                for (const QString &argument : sample.arguments)
+                    good = good && text.contains(argument);
+                if (!good)
+                    faults.append(sample.name + u' ' + rawValue(language) + u": "_s + text);
+            }
+        }
+        QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
+    }
 
     void saysWhatWasReviewed()
     {
@@ -245,103 +256,69 @@ private Q_SLOTS:
         const QByteArray differences = differencesFromGolden(u"app-strings.txt"_s, table.mid(1));
         QVERIFY2(differences.isEmpty(), differences);
     }
-};
 
-void AppStringsTest::everyTextIsInItsLanguageWithItsArguments()
-{
-    QStringList faults;
-    for (const Sample &sample : samples()) {
-        for (const AppLanguage language : AppLanguages::supported()) {
-            const QString text = sample.text(AppStrings(language));
-            bool good = isWrittenIn(language, text) || isKnownToBeForeign(language, sample.name, text);
-            for (const QString &argument : sample.arguments)
-                good = good && text.contains(argument);
-            if (!good)
-                faults.append(sample.name + u' ' + rawValue(language) + u": "_s + text);
+    void missingTextReadsInEnglish()
+    {
+        const auto shown = [](QStringView korean, QStringView english) {
+            const Texts texts{.english = english, .vietnamese = {}, .korean = korean, .japanese = {}, .chinese = {}};
+            return KeyedTexts<AppI18nKey>{AppI18nKey::log, u"log", texts}.in(AppLanguage::korean);
+        };
+        QCOMPARE(shown(u"로그", u"Log"), u"로그"_s);
+        QCOMPARE(shown({}, u"Log"), u"Log"_s);
+        QCOMPARE(shown({}, {}), u"log"_s);
+    }
+
+    void unrecognisedCheckStaysAsItCame_data()
+    {
+        columns<QString, QString, QString>("name", "detail", "japanese");
+        row("path of brew", "Homebrew", "/opt/homebrew/bin/brew", "/opt/homebrew/bin/brew");
+        row("phrase in a check with rules of its own", "Homebrew", "/Đã cài./brew", "/Đã cài./brew");
+        row("label", "CPU architecture", "arm64", "arm64");
+        row("name of a user", "user mode", "User: %1", "ユーザ: %1");
+        row("rule of another check", "user mode", "Chưa tìm thấy brew.", "Chưa tìm thấy brew.");
+        row("no size", "Dung lượng trống", "Không rõ.", "Không rõ.");
+        row("unknown check", "Camera", "Không rõ.", "Không rõ.");
+    }
+
+    void unrecognisedCheckStaysAsItCame()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, detail);
+        QTEST(AppStrings(AppLanguage::japanese).systemCheckDetail(name, detail), "japanese");
+        QCOMPARE(AppStrings(AppLanguage::vietnamese).systemCheckDetail(name, detail), detail);
+        QCOMPARE(AppStrings(AppLanguage::japanese).systemCheckName(u"Camera"_s), u"Camera"_s);
+    }
+
+    void buttonPromisesWhatItDoes()
+    {
+        const auto label = [](AppKind kind, const QString &appPaths = {}) {
+            return AppStrings(AppLanguage::english)
+                .primaryActionLabel(InstallStatus::installed, anItem(kind, {}, appPaths));
+        };
+        const QString app = u"/Applications/House.app"_s;
+        QCOMPARE(label(AppKind::shortcut), u"Open"_s);
+        QCOMPARE(label(AppKind::builtin), u"Open"_s);
+        QCOMPARE(label(AppKind::mime, app), u"Details"_s);
+        QCOMPARE(label(AppKind::formula), u"Details"_s);
+        for (const AppKind kind : {AppKind::formula, AppKind::cask, AppKind::bundle, AppKind::direct})
+            QCOMPARE(label(kind, app), u"Open"_s);
+    }
+
+    void storedLanguage()
+    {
+        const PlatformServices services = m_mac.services();
+        QCOMPARE(AppLanguages::storedDefault(*services.defaults), AppLanguage::english);
+        for (const auto &[stored, language] :
+             {std::pair(u"fr"_s, AppLanguage::english), std::pair(u"VI"_s, AppLanguage::english),
+              std::pair(u"vi"_s, AppLanguage::vietnamese), std::pair(u"zh"_s, AppLanguage::chinese)}) {
+            QVERIFY(services.defaults->setText(u"tavelo.uiLanguage"_s, stored));
+            QCOMPARE(AppLanguages::storedDefault(*services.defaults), language);
         }
     }
-    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
-}
 
-void AppStringsTest::lookUp_data()
-{
-    columns<QString, QString, QString>("korean", "english", "found");
-    row("in the language", u"로그"_s, u"Log"_s, u"로그"_s);
-    row("missing there: in English", QString(), u"Log"_s, u"Log"_s);
-    row("missing there too: the key's name", QString(), QString(), u"log"_s);
-}
-
-void AppStringsTest::lookUp()
-{
-    QFETCH(QString, korean);
-    QFETCH(QString, english);
-    const KeyedTexts<AppI18nKey> row{
-        AppI18nKey::log,
-        u"log",
-        {.english = english, .vietnamese = {}, .korean = korean, .japanese = {}, .chinese = {}}};
-    QTEST(row.in(AppLanguage::korean), "found");
-}
-
-void AppStringsTest::unrecognisedCheckStaysAsItCame_data()
-{
-    columns<QString, QString, QString>("name", "detail", "japanese");
-    row("path of brew", u"Homebrew"_s, u"/opt/homebrew/bin/brew"_s, u"/opt/homebrew/bin/brew"_s);
-    row("phrase in a check with rules of its own", u"Homebrew"_s, u"/Đã cài./brew"_s, u"/Đã cài./brew"_s);
-    row("label", u"CPU architecture"_s, u"arm64"_s, u"arm64"_s);
-    row("name of a user", u"user mode"_s, u"User: %1"_s, u"ユーザ: %1"_s);
-    row("rule of another check", u"user mode"_s, u"Chưa tìm thấy brew."_s, u"Chưa tìm thấy brew."_s);
-    row("no size", u"Dung lượng trống"_s, u"Không rõ."_s, u"Không rõ."_s);
-    row("unknown check", u"Camera"_s, u"Không rõ."_s, u"Không rõ."_s);
-}
-
-void AppStringsTest::unrecognisedCheckStaysAsItCame()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, detail);
-    QTEST(AppStrings(AppLanguage::japanese).systemCheckDetail(name, detail), "japanese");
-    QCOMPARE(AppStrings(AppLanguage::vietnamese).systemCheckDetail(name, detail), detail);
-    QCOMPARE(AppStrings(AppLanguage::japanese).systemCheckName(u"Camera"_s), u"Camera"_s);
-}
-
-void AppStringsTest::buttonPromisesWhatItDoes_data()
-{
-    columns<AppKind, bool, QString>("kind", "hasApp", "label");
-    row("shortcut", AppKind::shortcut, false, u"Open"_s);
-    row("built-in", AppKind::builtin, false, u"Open"_s);
-    row("default apps", AppKind::mime, true, u"Details"_s);
-    row("formula without an application", AppKind::formula, false, u"Details"_s);
-    row("cask", AppKind::cask, true, u"Open"_s);
-    row("bundle", AppKind::bundle, true, u"Open"_s);
-    row("download", AppKind::direct, true, u"Open"_s);
-}
-
-void AppStringsTest::buttonPromisesWhatItDoes()
-{
-    QFETCH(AppKind, kind);
-    QFETCH(bool, hasApp);
-    const QStringList paths = hasApp ? QStringList{u"/Applications/House.app"_s} : QStringList();
-    QTEST(AppStrings(AppLanguage::english).primaryActionLabel(InstallStatus::installed, item(kind, paths)), "label");
-}
-
-void AppStringsTest::storedLanguage_data()
-{
-    columns<QString, AppLanguage>("stored", "language");
-    row("never chosen", QString(), AppLanguage::english);
-    row("unknown", u"fr"_s, AppLanguage::english);
-    row("other case", u"VI"_s, AppLanguage::english);
-    row("Vietnamese", u"vi"_s, AppLanguage::vietnamese);
-    row("Chinese", u"zh"_s, AppLanguage::chinese);
-}
-
-void AppStringsTest::storedLanguage()
-{
-    QFETCH(QString, stored);
-    TemporaryMac mac;
-    const PlatformServices services = mac.services();
-    if (!stored.isNull())
-        QVERIFY(services.defaults->setText(u"tavelo.uiLanguage"_s, stored));
-    QTEST(AppLanguages::storedDefault(*services.defaults), "language");
-}
+private:
+    const TemporaryMac m_mac;
+};
 
 QTEST_APPLESS_MAIN(AppStringsTest)
 
