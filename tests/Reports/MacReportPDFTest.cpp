@@ -277,8 +277,9 @@ private Q_SLOTS:
 
     void searchableText()
     {
-        const QStringList lines{u"Kiểm tra e\u0323\u0302 Tiếng Việt ĐƯỢC"_s, u"日本語 ／ 中文 한국어 10:30 A-B i\u0305"_s,
-                                u"a\tb\u0007c fi ffi 1/2 ↳ • …"_s, u"Homebrew \u202E<b>&amp;</b> ) Tj \\ %1"_s};
+        const QStringList lines{u"Kiểm tra e\u0323\u0302 Tiếng Việt ĐƯỢC"_s,
+                                u"日本語 ／ 中文 한국어 10:30 A-B i\u0305"_s, u"a\tb\u0007c fi ffi 1/2 ↳ • …"_s,
+                                u"Homebrew \u202E<b>&amp;</b> ) Tj \\ %1"_s};
         const ReadPdf pdf(m_office.pdf({u"System checks:\n- "_s + lines.join(u"\n- "_s), {}, {}}));
         const QStringList expected{u"Kiểm tra ệ Tiếng Việt ĐƯỢC"_s, lines.at(1), u"a b c fi ffi 1/2 ↳ • …"_s,
                                    u"Homebrew <b>&amp;</b> ) Tj \\ %1"_s};
