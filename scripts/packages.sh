@@ -4,7 +4,7 @@
 
 debian_build_packages=(cmake ninja-build g++ pkg-config qt6-base-dev qt6-image-formats-plugins libplist-dev libqpdf-dev
     libssl-dev fonts-inter fonts-noto-cjk fonts-noto-core openssl ca-certificates zip unzip
-    qt6-declarative-dev qt6-declarative-dev-tools fonts-materialdesignicons-webfont
+    qt6-declarative-dev qt6-declarative-dev-tools fonts-materialdesignicons-webfont python3-fonttools
     qml6-module-qtquick qml6-module-qtquick-controls qml6-module-qtquick-dialogs qml6-module-qtquick-layouts
     qml6-module-qtquick-templates qml6-module-qtquick-window qml6-module-qtqml qml6-module-qtqml-models
     qml6-module-qtqml-workerscript qml6-module-qt-labs-folderlistmodel)

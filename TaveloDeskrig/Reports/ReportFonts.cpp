@@ -13,7 +13,7 @@ namespace
 {
 
 /// What the compiled-in Inter calls itself (see Reports/CMakeLists.txt).
-const QString interFamily = QStringLiteral("Audit");
+const QString interFamily = QStringLiteral("Tavelo Deskrig Text");
 
 /// Who writes Chinese characters how.
 struct ChineseCharacters {
@@ -38,12 +38,24 @@ ChineseCharacters chineseCharacters(AppLanguage language)
     return {QStringLiteral("Noto Sans CJK JP"), QFont::AnyStyle};
 }
 
+void registerCompiledIn()
+{
+    const QString folder = QStringLiteral(":/fonts/");
+    const QStringList names = QDir(folder).entryList();
+    for (const QString &name : names) {
+        const QResource font(folder + name);
+        Q_ASSERT(font.compressionAlgorithm() == QResource::NoCompression);
+        QFontDatabase::addApplicationFontFromData(
+            QByteArray::fromRawData(reinterpret_cast<const char *>(font.data()), font.size()));
+    }
+}
+
 } // namespace
 
 QFont font(AppLanguage language)
 {
     static std::once_flag registered;
-    std::call_once(registered, [] { registerCompiledIn(QStringLiteral(":/fonts")); });
+    std::call_once(registered, registerCompiledIn);
     const ChineseCharacters chinese = chineseCharacters(language);
     QStringList families;
 #ifdef Q_OS_MACOS
@@ -55,17 +67,6 @@ QFont font(AppLanguage language)
     font.setStyleHint(chinese.hint);
     font.setHintingPreference(QFont::PreferNoHinting);
     return font;
-}
-
-void registerCompiledIn(const QString &folder)
-{
-    const QStringList names = QDir(folder).entryList();
-    for (const QString &name : names) {
-        const QResource font(folder + QLatin1Char('/') + name);
-        Q_ASSERT(font.compressionAlgorithm() == QResource::NoCompression);
-        QFontDatabase::addApplicationFontFromData(
-            QByteArray::fromRawData(reinterpret_cast<const char *>(font.data()), font.size()));
-    }
 }
 
 } // namespace Tavelo::ReportFonts

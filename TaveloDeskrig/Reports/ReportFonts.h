@@ -12,8 +12,4 @@ namespace Tavelo::ReportFonts
 /// the GUI application object.
 QFont font(AppLanguage language);
 
-/// Makes the fonts of a folder of the program's resources known. They are used where they lie, so they must not be
-/// compressed there.
-void registerCompiledIn(const QString &folder);
-
 } // namespace Tavelo::ReportFonts

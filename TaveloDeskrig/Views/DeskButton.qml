@@ -19,6 +19,7 @@ T.Button {
     property color ringColor: Design.focusRing
     property bool leading: false
     property string help: ""
+    readonly property bool needsExtras: visualFocus || hovered && help !== ""
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: 34
@@ -42,9 +43,9 @@ T.Button {
             control.clicked();
     }
 
-    onHoveredChanged: {
-        if (hovered && help !== "" && tip.status === Loader.Null)
-            tip.setSource("HelpTip.qml", {
+    onNeedsExtrasChanged: {
+        if (needsExtras && extras.status === Loader.Null)
+            extras.setSource("ButtonExtras.qml", {
                 "button": control
             });
     }
@@ -56,7 +57,7 @@ T.Button {
         cursorShape: Qt.PointingHandCursor
     }
     Loader {
-        id: tip
+        id: extras
     }
 
     contentItem: ButtonContent {
@@ -76,10 +77,5 @@ T.Button {
         color: control.down ? control.pressedFill : control.hovered ? control.hoverFill : control.fill
         border.width: 1
         border.color: control.borderColor
-
-        FocusRing {
-            visible: control.visualFocus
-            border.color: control.ringColor
-        }
     }
 }

@@ -1,9 +1,9 @@
 #include "DeskrigWindow.h"
 
 #include "DeskrigViewModel.h"
+#include "FontPreparation.h"
 #include "ReportFonts.h"
 #include "ReportLogo.h"
-#include "Symbols.h"
 
 #include <QAccessible>
 #include <QGuiApplication>
@@ -15,7 +15,6 @@
 #include <QTimer>
 
 #include <chrono>
-#include <future>
 
 using namespace Qt::StringLiterals;
 
@@ -63,18 +62,19 @@ void callAfterFirstFrame(QQuickWindow &window, const std::function<void()> &call
     once->start(longest);
 }
 
-/// The views' root, not shown yet; nothing where it could not be made, which standard error then tells. The faces are
-/// made ready while the views' types are read, since both take long and neither needs the other.
+/// The views' root, not shown yet; nothing where it could not be made, which standard error then tells. The font is
+/// made ready while another thread reads the views' types, which needs this one now and then.
 std::unique_ptr<QObject> makeRoot(QQmlEngine &engine, DeskrigViewModel &model)
 {
-    std::future<QFont> font = std::async(std::launch::async, [language = model.language()] {
-        Symbols::family();
-        return ReportFonts::font(language);
-    });
+    FontPreparation preparation(model.language());
     engine.addImportPath(u"qrc:/qt/qml"_s);
-    QQmlComponent component(&engine, QUrl(u"qrc:/qt/qml/Tavelo/Views/DeskrigWindow.qml"_s));
-    std::unique_ptr<QObject> root(component.createWithInitialProperties(
-        {{u"viewModel"_s, QVariant::fromValue(&model)}, {u"font"_s, font.get()}}));
+    const QUrl views(u"qrc:/qt/qml/Tavelo/Views/DeskrigWindow.qml"_s);
+    const QQmlComponent begun(&engine, views, QQmlComponent::Asynchronous);
+    const QFont font = preparation.finish();
+    QGuiApplication::setFont(font); // texts ask for it before they have theirs, and would load one of the system's
+    QQmlComponent component(&engine, views);
+    std::unique_ptr<QObject> root(
+        component.createWithInitialProperties({{u"viewModel"_s, QVariant::fromValue(&model)}, {u"font"_s, font}}));
     const QList<QQmlError> errors = component.errors();
     for (const QQmlError &error : errors)
         qWarning("%s", qPrintable(error.toString()));

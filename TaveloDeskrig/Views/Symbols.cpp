@@ -1,10 +1,8 @@
 #include "Symbols.h"
 
-#include "ReportFonts.h"
-
 #include <QHash>
-
-#include <mutex>
+#include <QRawFont>
+#include <QTransform>
 
 using namespace Qt::StringLiterals;
 
@@ -89,11 +87,31 @@ const QHash<QString, char16_t> &glyphs()
     return table;
 }
 
+QPainterPath makeOutline(const QRawFont &font, char16_t glyph)
+{
+    const quint32 index = font.glyphIndexesForString(QChar(glyph)).value(0);
+    if (index == 0)
+        return {};
+    const qreal scale = 1 / font.pixelSize();
+    return QTransform::fromScale(scale, scale).translate(0, font.ascent()).map(font.pathForGlyph(index));
+}
+
+QHash<char16_t, QPainterPath> makeOutlines()
+{
+    constexpr qreal pixels = 256; // outlines come in steps of a pixel's 64th
+    const QRawFont font(u":/symbols/materialdesignicons-webfont.ttf"_s, pixels, QFont::PreferNoHinting);
+    QHash<char16_t, QPainterPath> outlines{{anyApplication, makeOutline(font, anyApplication)}};
+    for (const char16_t glyph : glyphs())
+        outlines.insert(glyph, makeOutline(font, glyph));
+    return outlines;
+}
+
 } // namespace
 
-QString Symbols::glyph(const QString &name)
+QPainterPath Symbols::outline(const QString &name)
 {
-    return QChar(glyphs().value(name, anyApplication));
+    static const QHash<char16_t, QPainterPath> outlines = makeOutlines();
+    return outlines.value(glyphs().value(name, anyApplication));
 }
 
 QString Symbols::mark(const QString &name)
@@ -104,13 +122,6 @@ QString Symbols::mark(const QString &name)
 QStringList Symbols::names()
 {
     return glyphs().keys();
-}
-
-QString Symbols::family()
-{
-    static std::once_flag registered;
-    std::call_once(registered, [] { ReportFonts::registerCompiledIn(u":/symbols"_s); });
-    return u"Tavelo Deskrig Symbol"_s;
 }
 
 } // namespace Tavelo

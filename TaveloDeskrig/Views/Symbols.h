@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPainterPath>
 #include <QString>
 #include <QStringList>
 
@@ -16,22 +17,19 @@ class Symbols : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
-    Q_PROPERTY(QString family READ family CONSTANT)
 
 public:
     using QObject::QObject;
 
-    /// The glyph's character; for a name that is not known, that of an application of any kind.
-    Q_INVOKABLE static QString glyph(const QString &name);
+    /// The glyph in a square of one by one, whose upper left corner is at 0, 0; for a name that is not known, that of an
+    /// application of any kind. For any thread; needs the GUI application object.
+    static QPainterPath outline(const QString &name);
 
     /// What is to be written on the glyph, where the font has it bare; else an empty text.
     Q_INVOKABLE static QString mark(const QString &name);
 
     /// The names that are known.
     static QStringList names();
-
-    /// The font's family. Registers the font at the first call; needs the GUI application object.
-    static QString family();
 };
 
 } // namespace Tavelo

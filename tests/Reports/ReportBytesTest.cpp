@@ -1,5 +1,4 @@
 #include "FileManager.h"
-#include "OpenTypeFont.h"
 #include "PdfDocument.h"
 #include "ReportLogo.h"
 #include "SampleReports.h"
@@ -111,18 +110,6 @@ private Q_SLOTS:
 
     void garbage()
     {
-        const auto changed = [](const QByteArray &font) {
-            return OpenTypeFont::withoutFeature(OpenTypeFont::withFamily(font, u"Inter"_s, u"Audit"_s), "calt");
-        };
-        const QByteArray head("OTTO\xFF\xFF\0\0\0\0\0\0", 12);
-        for (const char *tag : {"GSUB", "name"})
-            for (const char *offset : {"\xFF\xFF\xFF\xFF", "\0\0\0\x1C", "\0\0\0\x0C"}) {
-                const QByteArray font =
-                    head + tag + QByteArray(4, '\0') + QByteArray(offset, 4) + QByteArray(40, '\xFF');
-                for (qsizetype size = 0; size <= font.size(); ++size)
-                    QCOMPARE(changed(font.left(size)), font.left(size));
-            }
-
         const auto upper = [](char16_t character) { return QString(QChar(character)).toUpper(); };
         const TemporaryMac mac;
         const auto pdf = document({}, {*mac.services().files, u"/none"_s, u"/none"_s, sampleTime()});
