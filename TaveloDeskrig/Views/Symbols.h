@@ -21,8 +21,8 @@ class Symbols : public QObject
 public:
     using QObject::QObject;
 
-    /// The glyph in a square of one by one, whose upper left corner is at 0, 0; for a name that is not known, that of an
-    /// application of any kind. For any thread; needs the GUI application object.
+    /// The glyph in a square of one by one, whose upper left corner is at 0, 0; for a name that is not known, that of
+    /// an application of any kind. For any thread; needs the GUI application object.
     static QPainterPath outline(const QString &name);
 
     /// What is to be written on the glyph, where the font has it bare; else an empty text.
