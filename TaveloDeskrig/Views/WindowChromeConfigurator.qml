@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Window
 
 // Gives the window its smallest size and its place.
 Item {
