@@ -62,17 +62,26 @@ void callAfterFirstFrame(QQuickWindow &window, const std::function<void()> &call
     once->start(longest);
 }
 
-/// The views' root, not shown yet; nothing where it could not be made, which standard error then tells. The font is
-/// made ready while another thread reads the views' types, which needs this one now and then.
-std::unique_ptr<QObject> makeRoot(QQmlEngine &engine, DeskrigViewModel &model)
+/// Where a view is compiled in.
+QUrl view(const QString &name)
 {
-    FontPreparation preparation(model.language());
+    return QUrl(u"qrc:/qt/qml/Tavelo/Views/%1.qml"_s.arg(name));
+}
+
+/// The views' root, not shown yet; nothing where it could not be made, which standard error then tells. Its types are
+/// read beside the font's last steps, and those of the content beside the making of the rest.
+std::unique_ptr<QObject> makeRoot(QQmlEngine &engine, DeskrigViewModel &model, FontPreparation &preparation)
+{
     engine.addImportPath(u"qrc:/qt/qml"_s);
-    const QUrl views(u"qrc:/qt/qml/Tavelo/Views/DeskrigWindow.qml"_s);
-    const QQmlComponent begun(&engine, views, QQmlComponent::Asynchronous);
+    // The plugins behind these need this thread, which has other things to do once it has waited for them.
+    QQmlComponent modules(&engine);
+    modules.setData("import QtQuick\nimport QtQuick.Layouts\nimport QtQuick.Templates\nItem {}", QUrl());
+    const QUrl window = view(u"DeskrigWindow"_s);
+    const QQmlComponent begun(&engine, window, QQmlComponent::Asynchronous);
+    const QQmlComponent content(&engine, view(u"ContentView"_s), QQmlComponent::Asynchronous);
     const QFont font = preparation.finish();
     QGuiApplication::setFont(font); // texts ask for it before they have theirs, and would load one of the system's
-    QQmlComponent component(&engine, views);
+    QQmlComponent component(&engine, window);
     std::unique_ptr<QObject> root(
         component.createWithInitialProperties({{u"viewModel"_s, QVariant::fromValue(&model)}, {u"font"_s, font}}));
     const QList<QQmlError> errors = component.errors();
@@ -84,14 +93,15 @@ std::unique_ptr<QObject> makeRoot(QQmlEngine &engine, DeskrigViewModel &model)
 } // namespace
 
 DeskrigWindow::DeskrigWindow(DeskrigViewModel &model, const std::function<void()> &onFirstFrame)
-    : m_engine(std::make_unique<Engine>())
 {
+    FontPreparation preparation(model.language());
+    m_engine = std::make_unique<Engine>();
     volatile const auto registration = &qml_register_types_Tavelo_Views; // keeps the linker from leaving it out
     Q_UNUSED(registration)
     if (QQuickStyle::name() != u"Basic")
         QQuickStyle::setStyle(u"Basic"_s);
     QQuickWindow::setTextRenderType(QQuickWindow::NativeTextRendering);
-    m_engine->root = makeRoot(m_engine->engine, model);
+    m_engine->root = makeRoot(m_engine->engine, model, preparation);
     QQuickWindow *const window = this->window();
     if (!window)
         return;

@@ -3,11 +3,7 @@
 #include "ReportFonts.h"
 #include "Symbols.h"
 
-#include <QAbstractEventDispatcher>
-#include <QCoreApplication>
 #include <QFontMetricsF>
-
-#include <chrono>
 
 namespace Tavelo
 {
@@ -37,11 +33,10 @@ void load(const QFont &font)
 } // namespace
 
 FontPreparation::FontPreparation(AppLanguage language)
-    : m_work(std::async(std::launch::async, [this, language] {
+    : m_work(std::async(std::launch::async, [this, language]() noexcept {
           const QFont font = ReportFonts::font(language);
           load(font);
           m_font.set_value(font);
-          QCoreApplication::eventDispatcher()->wakeUp();
           Symbols::outline({});
       }))
 {
@@ -49,17 +44,13 @@ FontPreparation::FontPreparation(AppLanguage language)
 
 QFont FontPreparation::finish()
 {
-    std::future<QFont> ready = m_font.get_future();
-    while (ready.wait_for(std::chrono::seconds::zero()) != std::future_status::ready)
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    QFont font = ready.get();
+    const QFont font = m_font.get_future().get();
     for (const Face &first : firstFaces) {
         QFont face = font;
         face.setPixelSize(first.pixelSize);
         face.setWeight(first.weight);
         face.setItalic(first.italic);
         load(face);
-        QCoreApplication::processEvents();
     }
     return font;
 }

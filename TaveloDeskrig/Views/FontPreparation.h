@@ -18,8 +18,8 @@ public:
     /// the outlines of the symbols. Needs the GUI application object.
     explicit FontPreparation(AppLanguage language);
 
-    /// The font, without a size, when it is ready. Makes the faces that the first frame shows, which each thread needs
-    /// for itself, so it is for the main thread, whose events it sees to all the while. To be called once.
+    /// Waits for the font, which has no size. Makes the faces that the first frame shows, which each thread needs for
+    /// itself, so it is for the main thread. To be called once.
     QFont finish();
 
 private:

@@ -8,7 +8,8 @@ Loader {
     required property DeskrigViewModel viewModel
 
     function make() {
-        if (needed && status === Loader.Null)
+        // A view that is needed from the start is so before it has its model.
+        if (needed && viewModel && status === Loader.Null)
             setSource(view, {
                 "viewModel": viewModel
             });

@@ -25,7 +25,10 @@ FocusScope {
         ColumnLayout {
             spacing: 0
 
-            ContentView {
+            // What is around it is made while its types are still being read.
+            Lazily {
+                needed: true
+                view: "ContentView.qml"
                 viewModel: main.viewModel
                 Layout.fillWidth: true
                 Layout.fillHeight: true

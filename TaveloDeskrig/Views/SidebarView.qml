@@ -67,7 +67,9 @@ FocusScope {
 
                 x: 4
                 y: 4
-                width: flickable.width - 8
+                // As wide as the flickable is to be, which has no width before the first layout: all texts would be laid
+                // out for that as well.
+                width: sidebar.width - 28
                 spacing: 2
 
                 SidebarHeaderView {
