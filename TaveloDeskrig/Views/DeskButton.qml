@@ -9,7 +9,7 @@ T.Button {
 
     property string symbol: ""
     property real symbolSize: 13
-    property real symbolWidth: symbolSize
+    property real symbolWidth: -1 // the symbol's own
     property color foreground: Design.text
     property color symbolColor: foreground
     property color fill: "transparent"

@@ -35,6 +35,7 @@ SheetView {
             SymbolIcon {
                 symbol: "globe"
                 size: 14
+                color: Design.text
             }
             DeskText {
                 text: sheet.viewModel.strings.text(Labels.AppI18nKey.language)

@@ -14,9 +14,10 @@ class SymbolIcon : public QQuickPaintedItem
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString symbol READ symbol WRITE setSymbol NOTIFY symbolChanged)
-    /// In pixels, as large as beside a text of that size; the item's own size follows from it.
+    /// In pixels, as large as beside a text of that size; the item's own size follows from it. An item that is made
+    /// smaller than its own size cuts the symbol off.
     Q_PROPERTY(qreal size READ size WRITE setSize NOTIFY sizeChanged)
-    Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged)
+    Q_PROPERTY(QColor color READ color WRITE setColor NOTIFY colorChanged REQUIRED)
 
 public:
     explicit SymbolIcon(QQuickItem *parent = nullptr);
