@@ -14,24 +14,21 @@ namespace Tavelo
 namespace
 {
 
-/// Answers the question for the release policy when the pool has come to it, and notes any other and leaves it without
-/// an answer.
+/// Answers the question for the release policy, and notes any other and leaves it without an answer.
 class PolicyTransport : public HttpTransport
 {
 public:
-    PolicyTransport(QByteArray policy, std::shared_ptr<QStringList> requests, WorkPool &pool)
-        : m_policy(std::move(policy)), m_requests(std::move(requests)), m_pool(pool)
+    PolicyTransport(QByteArray policy, std::shared_ptr<QStringList> requests)
+        : m_policy(std::move(policy)), m_requests(std::move(requests))
     {
     }
 
     void send(const HttpRequest &request, Receive receive) override
     {
         if (request.url.path().contains("release-policy"_L1) && !m_policy.isEmpty())
-            m_pool.start([later = m_later, policy = m_policy, receive] {
-                QMetaObject::invokeMethod(
-                    later.get(), [policy, receive] { receive({.error = {}, .location = {}, .body = policy}); },
-                    Qt::QueuedConnection);
-            });
+            QMetaObject::invokeMethod(
+                &m_later, [policy = m_policy, receive] { receive({.error = {}, .location = {}, .body = policy}); },
+                Qt::QueuedConnection);
         else {
             m_requests->append(
                 QString(request.url.fileName() + u' ' + QString::fromUtf8(request.body.value_or(""))).trimmed());
@@ -43,8 +40,7 @@ private:
     QByteArray m_policy;
     std::shared_ptr<QStringList> m_requests;
     QList<Receive> m_waiting;
-    WorkPool &m_pool;
-    std::shared_ptr<QObject> m_later = std::make_shared<QObject>();
+    QObject m_later;
 };
 
 QQuickItem *findIn(QQuickItem *item, const QString &objectName)
@@ -72,7 +68,7 @@ Stage::Stage(const ProgramOnAMac &mac, AppLanguage language, const QByteArray &r
     }
     const PlatformServices services = PlatformServices::make(environment);
     services.defaults->setText(AppLanguages::storedKey.toString(), rawValue(language));
-    open(services, std::make_unique<PolicyTransport>(releasePolicy, m_requests, m_pool));
+    open(services, std::make_unique<PolicyTransport>(releasePolicy, m_requests));
 }
 
 Stage::Stage(const ProgramOnAMac &mac, std::unique_ptr<HttpTransport> transport)

@@ -113,6 +113,8 @@ void DeskrigViewModelTest::language()
     QCOMPARE(AppLanguages::storedDefault(*services.defaults), AppLanguage::japanese);
     model.settle();
     QCOMPARE(model->coreReadinessDetail(), CoreReadiness::of(model->latestChecks()->checks(), japanese).detail);
+    model->setLanguage(AppLanguage::korean);
+    QCOMPARE(model->cloudOutput(), AppStrings(AppLanguage::korean).text(AppI18nKey::noDeviceData));
 
     model->selectGroup(u"microsoft"_s);
     QCOMPARE(model->filteredItems()->rowCount(), 2);

@@ -8,6 +8,7 @@
 #include "ProgressArithmetic.h"
 #include "Row.h"
 #include "ScanThrottle.h"
+#include "Sheet.h"
 #include "WorkPool.h"
 #include "Workshop.h"
 
@@ -99,9 +100,11 @@ private Q_SLOTS:
         LogLines log;
         const QAbstractItemModelTester tester(&log);
         const QSignalSpy added(&log, &LogLines::rowsInserted);
+        const QSignalSpy removed(&log, &LogLines::rowsRemoved);
         for (int line = 1; line <= 502; ++line)
             log.append(QString::number(line));
         QCOMPARE(added.size(), 502);
+        QCOMPARE(removed.size(), 2);
         QCOMPARE(log.rowCount(), 500);
         QCOMPARE(log.data(log.index(0), Qt::DisplayRole), u"3"_s);
         QCOMPARE(log.data(log.index(499), Qt::DisplayRole), u"502"_s);
@@ -158,6 +161,18 @@ private Q_SLOTS:
         QCOMPARE(model.index(11).data(AuditListModel::licenseState), u"noEvidence"_s);
         QCOMPARE(model.index(11).data(AuditListModel::applicationDescription), u"Version —"_s);
         QCOMPARE(model.index(11).data(AuditListModel::number), 12);
+    }
+
+    void sheetNames()
+    {
+        InstalledMacApplication application;
+        application.identifier = u"org.example"_s;
+        application.name = u"Example"_s;
+        using enum SheetKind;
+        QStringList names{Sheet::itemDetail(catalogItem(u"vlc"_s)).id(), Sheet::auditDetail(application).id()};
+        for (const SheetKind kind : {settings, systemChecks, report, cloudTools, none})
+            names.append(Sheet(kind).id());
+        QCOMPARE(names.join(u' '), u"item-vlc audit-org.example-Example settings system-checks report cloud-tools "_s);
     }
 
     void heldWork()

@@ -135,6 +135,7 @@ private Q_SLOTS:
                  u"macOS compatibility, CPU architecture, Homebrew, Internet connection, Xcode Command Line "
                  "Tools, Dung lượng trống, user mode, LibreOffice, ONLYOFFICE"_s);
         QVERIFY(table.contains(u"OK    macOS compatibility          macOS 14.6.1."_s));
+        QVERIFY(table.contains(u"OK    Homebrew                     /opt/homebrew/bin/brew"_s));
         QVERIFY(table.contains(u"WARN  ONLYOFFICE                   Chưa cài."_s));
         const QString report =
             u"/Users/technician/Library/Application Support/Tavelo Deskrig/Reports/tavelo-deskrig-report.txt"_s;

@@ -1,11 +1,23 @@
 #include "Driving.h"
 
+#include <QImage>
+#include <QPainter>
 #include <QQuickWindow>
 #include <QRegularExpression>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace Tavelo;
+
+namespace
+{
+
+int apart(QRgb one, QRgb other)
+{
+    return qAbs(qRed(one) - qRed(other)) + qAbs(qGreen(one) - qGreen(other)) + qAbs(qBlue(one) - qBlue(other));
+}
+
+} // namespace
 
 /// Drives the real window.
 class WindowTest : public WindowDriver
@@ -15,6 +27,7 @@ class WindowTest : public WindowDriver
 private Q_SLOTS:
     void actsAtThePress();
     void isNeverSmallerThanItsViews();
+    void drawsItsSymbols();
     void showsBothBannersInOrder();
     void worksOnOneThingAtATime();
     void tabsThroughTheWindow();
@@ -54,6 +67,44 @@ void WindowTest::isNeverSmallerThanItsViews()
     QCOMPARE(m_shown, QList{QSize(1120, 760)});
     QCOMPARE(window().minimumSize(), QSize(1120, 760));
     QCOMPARE(window().title(), u"Tavelo Deskrig"_s);
+}
+
+/// Every symbol in sight is there in its color, and whole.
+void WindowTest::drawsItsSymbols()
+{
+    openAndSettle();
+    const QImage picture = stage().picture();
+    QStringList drawn;
+    const std::function<void(QQuickItem &, QRect)> visit = [&](QQuickItem &item, QRect sight) {
+        if (!item.isVisible() || !item.isEnabled())
+            return;
+        const QRect place = item.mapRectToScene(item.boundingRect()).toRect();
+        if (item.clip())
+            sight &= place;
+        if (item.inherits("Tavelo::SymbolIcon") && sight.contains(place)) {
+            const QString symbol = item.property("symbol").toString();
+            const QColor color = item.property("color").value<QColor>();
+            QImage expected = picture.copy(place);
+            const QRgb ground = expected.pixel(0, 0);
+            expected.fill(ground);
+            QPainter(&expected).fillRect(expected.rect(), color);
+            int ink = 0;
+            for (int y = place.top(); y <= place.bottom(); ++y) {
+                for (int x = place.left(); x <= place.right(); ++x)
+                    ink += apart(picture.pixel(x, y), expected.pixel(0, 0)) < apart(picture.pixel(x, y), ground);
+            }
+            QVERIFY2(ink >= 6, qPrintable(symbol));
+            QVERIFY2(item.width() >= item.implicitWidth() && item.height() >= item.implicitHeight(),
+                     qPrintable(symbol));
+            drawn.append(symbol);
+        }
+        const QList<QQuickItem *> children = item.childItems();
+        for (QQuickItem *const child : children)
+            visit(*child, sight);
+    };
+    visit(*window().contentItem(), picture.rect());
+    for (const QString &symbol : {u"square.grid.2x2"_s, u"shield.lefthalf.filled"_s, u"arrow.clockwise"_s, u"trash"_s})
+        QVERIFY2(drawn.contains(symbol), qPrintable(drawn.join(u' ')));
 }
 
 void WindowTest::showsBothBannersInOrder()
@@ -105,10 +156,26 @@ void WindowTest::worksOnOneThingAtATime()
     QCOMPARE(find(u"item-list"_s)->property("currentIndex").toInt(), 0);
 }
 
+/// Where the keyboard is, a button has its ring.
 void WindowTest::tabsThroughTheWindow()
 {
     openAndSettle();
-    QCOMPARE(tabRound().join(u' '),
+    const auto atTheEdge = [&](const QQuickItem *item) {
+        return stage().picture().pixelColor(item->mapToScene({-2, item->height() / 2}).toPoint());
+    };
+    int rings = 0;
+    const auto look = [&](const QString &name) {
+        const QQuickItem *const item = window().activeFocusItem();
+        const QVariant ring = item->property("ringColor");
+        if (!ring.isValid())
+            return;
+        QVERIFY2(atTheEdge(item) == ring.value<QColor>(), qPrintable(name));
+        ++rings;
+    };
+    const QStringList round = tabRound(look);
+    QVERIFY(atTheEdge(find(u"settings-button"_s)) != find(u"settings-button"_s)->property("ringColor").value<QColor>());
+    QCOMPARE(rings, round.size() - 1); // all but the list
+    QCOMPARE(round.join(u' '),
              u"group-office group-microsoft group-printer group-meeting group-media audit-sidebar-button "
              "install-standard-button install-full-button system-check-button report-button cloud-tools-button "
              "settings-button refresh-button progress-button item-list install-libreoffice detail-libreoffice "
