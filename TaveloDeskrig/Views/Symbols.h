@@ -22,8 +22,8 @@ public:
     using QObject::QObject;
 
     /// The glyph in a square of one by one, whose upper left corner is at 0, 0; for a name that is not known, that of
-    /// an application of any kind. Any thread may ask; all paths of a name share what drawing adds to them, so one thread
-    /// draws. Needs the GUI application object.
+    /// an application of any kind. Any thread may ask; all paths of a name share what drawing adds to them, so one
+    /// thread draws. Needs the GUI application object.
     static QPainterPath outline(const QString &name);
 
     /// What is to be written on the glyph, where the font has it bare; else an empty text.
