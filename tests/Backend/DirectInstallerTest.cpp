@@ -1,6 +1,5 @@
 #include "DirectInstaller.h"
 
-#include "DirectAppVerifier.h"
 #include "FileManager.h"
 #include "Row.h"
 #include "Workshop.h"
@@ -69,45 +68,6 @@ class DirectInstallerTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void verifierStopsAtTheFirstFailure_data()
-    {
-        // asked: of the three commands
-        columns<QString, int, QString, int, int>("identifier", "signature", "report", "gatekeeper", "asked");
-        const char *id = "org.example.Tool", *report = "Format=app\nxTeamIdentifier=TEAM1x\n";
-        row("genuine", id, 0, report, 0, 3);
-        row("no identifier", QString(), 0, report, 0, 0);
-        row("identifier in other case", "org.example.tool", 0, report, 0, 0);
-        row("bad signature", id, 3, report, 0, 1);
-        row("other team", id, 0, "TeamIdentifier=TEAM2\n", 0, 2);
-        row("Gatekeeper's no", id, 0, report, 3, 3);
-    }
-
-    void verifierStopsAtTheFirstFailure()
-    {
-        QFETCH(QString, identifier);
-        QFETCH(int, signature);
-        QFETCH(QString, report);
-        QFETCH(int, gatekeeper);
-        QFETCH(int, asked);
-        QStringList calls;
-        const auto call = [&](const QStringList &arguments) {
-            calls.append(arguments.join(u'|'));
-            return calls.size();
-        };
-        const DirectAppVerificationTools tools{
-            [&](const QString &) { return identifier.isNull() ? std::nullopt : std::optional(identifier); },
-            [&](const QStringList &arguments) { return call(arguments) == 1 ? signature : gatekeeper; },
-            [&](const QStringList &arguments) { return call(arguments) == 2 ? report : QString(); }};
-        QCOMPARE(DirectAppVerifier::verify(u"/T.app"_s, *tool().directInstaller, tools), asked == 3 && gatekeeper == 0);
-        QCOMPARE(
-            calls,
-            QStringList(
-                {u"/usr/bin/codesign|--verify|--deep|--strict|-R=anchor apple generic and identifier \"org.example.Tool\" and "
-                 "certificate leaf[subject.OU] = \"TEAM1\"|/T.app"_s,
-                 u"/usr/bin/codesign|-dv|--verbose=4|/T.app"_s, u"/usr/sbin/spctl|--assess|--type|execute|/T.app"_s})
-                .mid(0, asked));
-    }
-
     void installs_data()
     {
         // team: of the application that is there afterwards
@@ -122,6 +82,13 @@ private Q_SLOTS:
         row("after another app", "mkdir -p image/A.app image/b; mv image/Tool.app image/b/", "TEAM1", done);
         row("under another name", "mv image/Tool.app image/Other.app", "TEAM1", done);
         row("another team", "echo TEAM2 >image/Tool.app/team", "", refused);
+        row("another identifier", "sed -i s/example.Tool/example.tool/ image/Tool.app/Contents/Info.plist", "",
+            refused);
+        row("no identifier", "rm image/Tool.app/Contents/Info.plist", "", refused);
+        row("broken signature", "printf '#!/bin/sh\necho TeamIdentifier=TEAM1 >&2; [ $1 = -dv ]\n' >usr/bin/codesign",
+            "", refused);
+        row("signature without a team", "printf '#!/bin/sh\n' >usr/bin/codesign", "", refused);
+        row("Gatekeeper's no", "touch image/Tool.app/rejected", "", refused);
         row("damaged copy", "touch damaging", "", "xoá bản copy không hoàn chỉnh.");
         row("genuine in place", "cp -R image/Tool.app Applications; touch damaging", "TEAM1", "Tool.app đã tồn tại");
         row("foreign in place", "cd Applications; mkdir Tool.app; printf X >Tool.app/team", "X", "không ghi đè.");
@@ -161,13 +128,18 @@ private Q_SLOTS:
         Workshop shop(mac.services());
         QVERIFY(shop.backend.install(tool()));
         const QRegularExpression uuid(u"[0-9A-F]{8}(-[0-9A-F]{4}){3}-[0-9A-F]{12}"_s);
-        const QStringList calls = mac.calls(u"curl"_s) + mac.calls(u"hdiutil"_s);
+        const QStringList calls = mac.calls(u"curl"_s) + mac.calls(u"hdiutil"_s) + mac.calls(u"codesign"_s).mid(0, 2) +
+                                  mac.calls(u"spctl"_s).mid(0, 1);
         QCOMPARE(
             calls.join(u'\n').replace(uuid, u"UUID"_s).remove(cache),
             u"curl|-fL|--proto|=https|--proto-redir|=https|--max-redirs|5|--retry|2|--connect-timeout|20|--write-out|%{url_effective}|-o|/downloads/Tool.img|"
             "https://vendor.example/tool\n"
             "hdiutil|attach|/downloads/Tool.img|-nobrowse|-readonly|-mountpoint|/mounts/item-UUID\n"
-            "hdiutil|detach|/mounts/item-UUID|-quiet"_s);
+            "hdiutil|detach|/mounts/item-UUID|-quiet\n"
+            "codesign|--verify|--deep|--strict|-R=anchor apple generic and identifier \"org.example.Tool\" and "
+            "certificate leaf[subject.OU] = \"TEAM1\"|/mounts/item-UUID/Tool.app\n"
+            "codesign|-dv|--verbose=4|/mounts/item-UUID/Tool.app\n"
+            "spctl|--assess|--type|execute|/mounts/item-UUID/Tool.app"_s);
         QCOMPARE(shop.fractions(), u"0 0.08 0.35 0.45 0.62 0.68 0.75 0.9 1"_s);
         mac.furnish(
             u"rm -r Applications/Tool.app; touch unreadable; echo victim >victim; ln -sf $PWD/victim .%1/downloads/Tool.img"_s
@@ -217,36 +189,29 @@ private Q_SLOTS:
         QVERIFY(shop.backend.install(item));
     }
 
-    void lockedApplicationsFolderIsPassedBy()
+    void lockedAndForeignCopiesStay()
     {
         const TemporaryMac mac;
         furnish(mac);
         PlatformServices services = mac.services();
         services.files = std::make_shared<LockedApplications>(HostRoot(mac.folder()));
         Workshop shop(services);
+        const QString own = mac.home() + target;
         const DirectInstaller installer(shop.services, shop.runtime, shop.runner, shop.log);
-        QVERIFY(installer.installDirectApp(tool()));
-        QVERIFY(!mac.exists(target) && mac.exists(mac.home() + target));
+        QVERIFY(installer.installDirectApp(tool()) && !mac.exists(target) && mac.exists(own));
         mac.furnish(u"cp -R image/Tool.app Applications"_s);
         QVERIFY(!installer.removeDirectApp(tool()));
         QVERIFY(shop.texts().contains(u"Không xoá được /Applications/Tool.app: Permission denied"_s));
-        QVERIFY(mac.exists(target) && !mac.exists(mac.home() + target));
-    }
+        QVERIFY(mac.exists(target) && !mac.exists(own)); // the second goes although the first stays
 
-    void removesOnlyGenuineCopies()
-    {
-        const TemporaryMac mac;
-        furnish(mac);
-        const QString own = mac.home() + target;
-        mac.furnish(u"mkdir -p .%1 .%2; cp -R image/Tool.app/. .%2"_s.arg(target, own));
-        Workshop shop(mac.services());
-        QVERIFY(!shop.backend.uninstall(tool())); // the second goes although the first is foreign
-        QVERIFY(mac.exists(target) && !mac.exists(own));
-        QVERIFY(shop.texts().contains(
+        mac.furnish(u"rm .%1/team"_s.arg(target));
+        Workshop unlocked(mac.services());
+        QVERIFY(!unlocked.backend.uninstall(tool()) && mac.exists(target));
+        QVERIFY(unlocked.texts().contains(
             u"Từ chối xoá /Applications/Tool.app: bundle ID hoặc chữ ký không khớp manifest Item."_s));
         mac.furnish(u"rm -r .%1"_s.arg(target));
-        QVERIFY(shop.backend.uninstall(tool()));
-        QVERIFY(shop.texts().contains(u"Không tìm thấy app direct để gỡ: Item"_s));
+        QVERIFY(unlocked.backend.uninstall(tool()));
+        QVERIFY(unlocked.texts().contains(u"Không tìm thấy app direct để gỡ: Item"_s));
     }
 };
 

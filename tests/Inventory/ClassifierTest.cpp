@@ -12,12 +12,6 @@ using namespace Tavelo::MacInventoryClassifier;
 namespace
 {
 
-/// In a row, an empty text stands for none.
-std::optional<QString> given(const QString &text)
-{
-    return text.isEmpty() ? std::nullopt : std::optional(text);
-}
-
 QString pairs(const QList<BrewVersion> &versions)
 {
     QStringList texts;
@@ -33,24 +27,19 @@ class ClassifierTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void systemApplications_data()
-    {
-        columns<QString, QString, bool>("path", "identifier", "system");
-        row("named like it", "/Systems/Chess.app", "com.apple.Chess", false);
-        row("Apple's library", "/Library/Apple/System/Library/X.app", "x", true);
-        row("link into the system", "/Applications/Linked.app", "org.example.linked", true);
-        row("listed, in any case", "/Applications/Safari.app", "COM.Apple.safari", true);
-        row("Apple's, but added", "/Applications/Xcode.app", "com.apple.dt.Xcode", false);
-    }
-
     void systemApplications()
     {
-        QFETCH(QString, path);
-        QFETCH(QString, identifier);
         const TemporaryMac mac;
         mac.furnish(u"mkdir -p System/Applications/Chess.app; ln -s ../System/Applications/Chess.app "
                     "Applications/Linked.app"_s);
-        QTEST(isSystemApplication(path, given(identifier), *mac.services().files), "system");
+        const auto isSystem = [&mac](const QString &path, const QString &identifier) {
+            return isSystemApplication(path, identifier, *mac.services().files);
+        };
+        QVERIFY(!isSystem(u"/Systems/Chess.app"_s, u"com.apple.Chess"_s));
+        QVERIFY(isSystem(u"/Library/Apple/System/Library/X.app"_s, u"x"_s));
+        QVERIFY(isSystem(u"/Applications/Linked.app"_s, u"org.example.linked"_s));
+        QVERIFY(isSystem(u"/Applications/Safari.app"_s, u"COM.Apple.safari"_s));
+        QVERIFY(!isSystem(u"/Applications/Xcode.app"_s, u"com.apple.dt.Xcode"_s));
     }
 
     void signatures()
@@ -78,9 +67,8 @@ private Q_SLOTS:
             "Certification Authority\nAuthority=Apple Root CA\n",
             " Profile ", "© Line", "T", "Profile");
         row("code of another form", "Authority=A: Example (ABCDE1234)\n", "", "", "T", "Example (ABCDE1234)");
-        row("Vietnamese line", "", "", "Bản quyền © 2020 Công ty ABC. Mọi quyền được bảo lưu.", "T", "Công ty ABC");
-        row("Spanish line", "", "", "© Estudio. Todos los derechos reservados.", "T", "Estudio");
-        row("German line", "", "", "© Firma. ALLE Rechte vorbehalten.", "T", "Firma");
+        row("Spanish line", "", "", "© Estudio. TODOS los derechos reservados.", "T", "Estudio");
+        row("German line", "", "", "© Firma. Alle Rechte vorbehalten.", "T", "Firma");
         row("no-break spaces", "", "", "\u00a0(C)\u00a02001\u00a0–\u00a02003,\u00a0Example,\u00a0Inc.", "T",
             "Example, Inc");
         row("other numbers stay", "", "", "© 2020 Studio 1234 and 20201", "T", "Studio 1234 and 20201");
@@ -97,29 +85,23 @@ private Q_SLOTS:
         QFETCH(QString, profile);
         QFETCH(QString, copyright);
         QFETCH(QString, team);
-        QTEST(developerName(report, given(profile), given(copyright), team), "developer");
-    }
-
-    void inferredDevelopers_data()
-    {
-        columns<QString, QString, QString, QString>("name", "identifier", "source", "developer");
-        row("vendor by name", "Firefox", "x.y", "/Applications", "Mozilla");
-        row("vendor by beginning", "Zoom-Player", "x.y", "/Applications", "Zoom");
-        row("not a beginning", "Zoomer", "com.acme.zoomer", "/Applications", "Acme");
-        row("formula git-lfs", "git-lfs", "homebrew.formula.git-lfs", "Homebrew formula", "Git");
-        row("GitHub before Git", "github-tool", "homebrew.formula.github-tool", "Homebrew formula", "GitHub");
-        row("generic organisation", "Tool", "com.app.tool", "/Applications", "Tool");
-        row("generic later", "Acme Tool", "com.acme.app", "/Applications", "Acme");
-        row("case of the prefix", "x", "IO.fooBar_ui.x", "installer receipt", "FooBar UI");
-        row("nothing", " \n", "x.app", "/Applications", "(none)");
+        QTEST(developerName(report, profile, copyright, team), "developer");
     }
 
     void inferredDevelopers()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, identifier);
-        QFETCH(QString, source);
-        QTEST(inferredDeveloperName(name, identifier, source).value_or(u"(none)"_s), "developer");
+        const auto inferred = [](const QString &name, const QString &identifier, bool isFormula = false) {
+            const QString source = isFormula ? u"Homebrew formula"_s : u"/Applications"_s;
+            return inferredDeveloperName(name, identifier, source).value_or(u"(none)"_s);
+        };
+        QCOMPARE(inferred(u"Firefox"_s, u"x.y"_s), u"Mozilla"_s);
+        QCOMPARE(inferred(u"Zoom-Player"_s, u"x.y"_s), u"Zoom"_s);
+        QCOMPARE(inferred(u"Zoomer"_s, u"com.acme.zoomer"_s), u"Acme"_s); // not its beginning
+        QCOMPARE(inferred(u"git-lfs"_s, u"homebrew.formula.git-lfs"_s, true), u"Git"_s);
+        QCOMPARE(inferred(u"github-tool"_s, u"homebrew.formula.github-tool"_s, true), u"GitHub"_s);
+        QCOMPARE(inferred(u"Tool"_s, u"com.app.tool"_s), u"Tool"_s); // no organisation's name
+        QCOMPARE(inferred(u"x"_s, u"IO.fooBar_ui.x"_s), u"FooBar UI"_s);
+        QCOMPARE(inferred(u" \n"_s, u"x.app"_s), u"(none)"_s);
     }
 
     void formulas()
@@ -130,19 +112,15 @@ private Q_SLOTS:
         QCOMPARE(brewVersions(QString(), u" \nbat 1"_s).size(), 0);
     }
 
-    void licenses()
+    void unusableLicenses()
     {
-        const auto table = brewLicenses(R"({"formulae": [
-            {"name": "a", "license": " MIT "}, {"name": "b", "license": null}, {"name": "c", "license": " "},
-            {"name": "d", "license": {"any_of": ["MIT", "Proprietary"]}}, {"name": "e"}, "f", {"license": "MIT"},
-            {"name": 7, "license": "MIT"}, {"name": "g", "license": ["Mít"]}, {"name": "h", "license": 3}]})");
-        QCOMPARE(table, (QHash<QString, QString>{{u"a"_s, u"MIT"_s},
-                                                 {u"d"_s, uR"({"any_of":["MIT","Proprietary"]})"_s},
-                                                 {u"g"_s, uR"(["Mít"])"_s}}));
         const QByteArray deep = QByteArray(5000, '[') + QByteArray(5000, ']');
-        for (const QByteArray &unusable : {QByteArray(), QByteArray("{"), QByteArray("[]"), QByteArray("\xff"), deep,
-                                           QByteArray(R"({"formulae": {"name": "a", "license": "MIT"}})")})
-            QVERIFY(brewLicenses(unusable).isEmpty());
+        for (const QByteArray &unusable :
+             {QByteArray(), QByteArray("{"), QByteArray("[]"), QByteArray("\xff"), deep,
+              QByteArray(R"({"formulae": {"name": "a", "license": "MIT"}})"),
+              QByteArray(R"({"formulae": ["f", {"license": "MIT"}, {"name": 7, "license": "MIT"}, {"name": "h"},
+                             {"name": "h", "license": 3}, {"name": "h", "license": " "}]})")})
+            QVERIFY2(brewLicenses(unusable).isEmpty(), unusable);
     }
 
     void licenseRules()
@@ -152,10 +130,7 @@ private Q_SLOTS:
             return rawValue(evidence.state) + u' ' + evidence.source;
         };
         const QString formula = u"Homebrew formula"_s;
-        QCOMPARE(concluded(formula, uR"({"all_of":["LicenseRef-Proprietary"]})"_s),
-                 u"needsEntitlementReview homebrew-license-metadata"_s);
         QCOMPARE(concluded(formula, u"Unknown"_s), u"needsEntitlementReview homebrew-license-metadata"_s);
-        QCOMPARE(concluded(formula, u"MIT"_s), u"freeOrOpenSource homebrew-license-metadata"_s);
         QCOMPARE(concluded(u"/Applications"_s, u"MIT"_s), u"noEvidence none"_s);
         QVERIFY(!licenseEvidence(formula, {}, false, u"MIT\nName: x"_s).detail.contains(u'\n')); // forges a line
         const AppLicenseEvidence withReceipt = licenseEvidence(u"/Applications"_s, u"us.zoom.xos"_s, true, {});

@@ -16,20 +16,16 @@ namespace
 {
 
 /// Refuses files and folders by name, also to root.
-class LockedFiles : public FileManager
-{
-public:
-    LockedFiles(const TemporaryMac &mac, const QString &locked)
-        : FileManager(mac.services().files->root()), m_locked(locked.split(u' '))
+struct LockedFiles : FileManager {
+    LockedFiles(const TemporaryMac &mac, const QString &names)
+        : FileManager(HostRoot(mac.folder())), locked(names.split(u' '))
     {
     }
     bool isReadable(const QString &path) const override
     {
-        return !m_locked.contains(path.section(u'/', -1)) && FileManager::isReadable(path);
+        return !locked.contains(path.section(u'/', -1)) && FileManager::isReadable(path);
     }
-
-private:
-    QStringList m_locked;
+    const QStringList locked;
 };
 
 const QString receiptPath = u"/Applications/Example.app/Contents/_MASReceipt/receipt"_s;
@@ -61,14 +57,6 @@ QString summary(const QList<LicenseEvidenceSignal> &all)
     return texts.join(u' ');
 }
 
-/// The names in the detail of the only signal; nothing without one.
-QString namesFound(const TemporaryMac &mac)
-{
-    const Findings findings = preferenceSignals(u"Example"_s, u"org.example"_s, *mac.services().files, mac.home());
-    const QString detail = findings.signals.isEmpty() ? QString() : findings.signals.constFirst().detail;
-    return detail.section(u": "_s, 1).section(u". F"_s, 0, -2);
-}
-
 } // namespace
 
 class EvidenceTest : public QObject
@@ -82,8 +70,6 @@ private Q_SLOTS:
         columns<QString, QString, QString, QString, QString>("app", "furniture", "installed", "conclusion", "found");
         const char *key = "~/Preferences/org.x.plist=key";
         const auto withKey = [key](const char *furniture) { return QByteArray(furniture) + '|' + key; };
-        row("policy before provenance", "us.zoom.xos", "", "cask",
-            "accountBased account-based-app-policy informational", "homebrew-cask");
         row("key before policy", "org.gimp.gimp", "~/Preferences/org.gimp.gimp.plist=key", "",
             "needsEntitlementReview app-preferences indicative", "app-preferences");
         row("key before account", "TeamViewer", withKey("~/Application Support/TeamViewer/").constData(), "",
@@ -92,21 +78,18 @@ private Q_SLOTS:
             withKey(R"(+/Preferences/Parallels/licenses.json={"license": "SECRET", "signature": "s"})").constData(), "",
             "licenseArtifact parallels-license-store strong",
             "parallels-license-store:structurallyValid app-preferences");
-        row("another's receipt", "Example", withKey("receipt=signed org.other").constData(), "",
-            "needsEntitlementReview app-preferences indicative", "mac-app-store-receipt:failed app-preferences");
-        row("receipt before all", "Setapp", withKey("receipt=signed org.x|~/Application Support/Setapp/").constData(),
-            "cask", "verifiedReceipt mac-app-store-receipt verified", "mac-app-store-receipt:verified");
-        row("untrusted receipt", "Example", "receipt=foreign org.x", "cask",
-            "receiptIntegrityVerified mac-app-store-receipt strong", "mac-app-store-receipt:structurallyValid");
+        row("unsound Parallels", "Parallels", "+/Preferences/Parallels/licenses.json={}", "",
+            "needsEntitlementReview parallels-license-store indicative", "parallels-license-store:failed");
+        row("receipt before all", "Setapp", withKey("receipt=signed|~/Application Support/Setapp/").constData(), "cask",
+            "verifiedReceipt mac-app-store-receipt verified", "mac-app-store-receipt:verified");
         row("policy before failed receipt", "us.zoom.xos", "receipt=x", "",
             "accountBased account-based-app-policy informational", "mac-app-store-receipt:failed");
         row("failed receipt before locked store", "Locked", "receipt=x|~/Application Support/Locked/", "",
             "needsEntitlementReview failed-local-verification none",
             "mac-app-store-receipt:failed app-support-artifacts:inaccessible");
-        row("failed receipt before provenance", "Example", "receipt=x", "pkg",
-            "needsEntitlementReview failed-local-verification none", "mac-app-store-receipt:failed installer-receipt");
-        row("locked receipt before provenance", "Example", "receipt=locked", "cask",
-            "accessRestricted local-access-restricted none", "mac-app-store-receipt:inaccessible homebrew-cask");
+        row("locked receipt before provenance", "Example", "receipt=locked", "cask pkg",
+            "accessRestricted local-access-restricted none",
+            "mac-app-store-receipt:inaccessible homebrew-cask installer-receipt");
         row("cask before package", "Example", "", "cask pkg", "installationEvidence homebrew-cask informational",
             "homebrew-cask installer-receipt");
     }
@@ -119,12 +102,9 @@ private Q_SLOTS:
         const TemporaryMac mac;
         furnish(mac, furniture.replace(u"receipt="_s, receiptPath + u'='));
         const QByteArray receipt = mac.contents(receiptPath);
-        const bool isSigned = receipt.startsWith("signed");
-        if (const qsizetype space = receipt.indexOf(' '); space > 0)
-            mac.write(receiptPath, m_authority.sign(TestAuthority::payload(QString::fromUtf8(receipt.mid(space + 1)),
-                                                                           u"2016-06-01T10:00:00Z"_s)));
-        const ReceiptSecurity security(isSigned ? QList{m_authority.rootFingerprint()}
-                                                : QList{ReceiptSecurity::appleRootFingerprint()});
+        if (receipt == "signed")
+            mac.write(receiptPath, m_authority.sign(TestAuthority::payload(u"org.x"_s, u"2016-06-01T10:00:00Z"_s)));
+        const ReceiptSecurity security({m_authority.rootFingerprint()});
         const LockedFiles files(mac, receipt == "locked" ? u"receipt"_s : u"Locked"_s);
 
         Request request{.appURL = u"/Applications/Example.app"_s,
@@ -144,12 +124,13 @@ private Q_SLOTS:
 
         const QByteArray written = QJsonDocument(toJson(evidence)).toJson();
         QVERIFY2(!written.contains("SECRET"), written);
+        QCOMPARE(written.contains("receipt exists but cannot be read with"), receipt == "locked");
         QCOMPARE(written.contains("cask 'example Name: x' (recorded version 1.2). This"),
                  written.contains("\"homebrew-cask\""));
         QCOMPARE(written.contains("detected: a, b, c, d. Installer"), written.contains("\"installer-receipt\""));
     }
 
-    void vendorStores_data()
+    void stores_data()
     {
         columns<QString, QString, QString, QString, QString>("name", "identifier", "furniture", "locked", "found");
         row("Office, in turn", "Word", "com.microsoft.Outlook",
@@ -162,77 +143,7 @@ private Q_SLOTS:
         row("several vendors", "Setapp for AnyDesk", "x",
             "~/Preferences/com.philandro.anydesk.plist|~/Application Support/Setapp", "",
             "setapp-account-store anydesk-account-store");
-    }
-
-    void vendorStores()
-    {
-        QFETCH(QString, name);
-        QFETCH(QString, identifier);
-        QFETCH(QString, furniture);
-        QFETCH(QString, locked);
-        const TemporaryMac mac;
-        furnish(mac, furniture);
-        const Findings findings = vendorSignals(name, identifier, LockedFiles(mac, locked), mac.home(), u"/Library"_s);
-        QTEST(summary(findings.signals) + (findings.inaccessible ? u" !"_s : QString()), "found");
-    }
-
-    void parallelsStructure()
-    {
-        const TemporaryMac mac;
-        const auto isSound = [&mac](const QByteArray &json) {
-            mac.write(u"/Library/Preferences/Parallels/licenses.json"_s, json);
-            const auto found = vendorSignals(u"Parallels"_s, u"x"_s, *mac.services().files, mac.home(), u"/Library"_s);
-            return found.signals.value(0).verification == LicenseEvidenceVerification::structurallyValid;
-        };
-        QVERIFY(isSound(R"([1, {"x": [{"y": {"Signature": "b", "LICENSE": "a"}}]}])"));
-        QVERIFY(isSound(R"({"license": {"license": "a", "signature": "b"}})"));
-        QVERIFY(!isSound(R"({"license": 7, "signature": "b"})"));
-        QVERIFY(!isSound(R"([{"license": " \n", "signature": "b"}, {"license": "a"}])"));
-        QVERIFY(!isSound(QByteArray(100000, '[') + QByteArray(100000, ']')));
-        QVERIFY(!isSound("license signature"));
-    }
-
-    void licenseKeys_data()
-    {
-        columns<QString, QString>("json", "names");
-        const auto many = [](int count) {
-            QStringList entries;
-            for (int number = 10; number < 10 + count; ++number)
-                entries.append(uR"("b%1 entitlement": 1)"_s.arg(number));
-            return (uR"({"1": {%1}, "2": {"a entitlement": 1}})"_s.arg(entries.join(u','))).toUtf8();
-        };
-        const auto listOf = [](int before) {
-            return (u'[' + u"1,"_s.repeated(before) + uR"({"licenceKey": 1}])"_s).toUtf8();
-        };
-        row("normalised", R"({"License_Key": {"productKey": 1}, "SERIAL-number 2": 1})",
-            "License_Key, SERIAL-number 2");
-        row("excluded key", R"({"TrialAgreementLicenseKey": {"productKey": 1}})", "productKey");
-        row("sorted, five, on one line", R"({"x": {"a\nlicensekey": 1}, "f licensekey": 1, "e licensekey": 1,
-            "d licensekey": 1, "c licensekey": 1, "b licensekey": 1})",
-            "a licensekey, b licensekey, c licensekey, d licensekey, e licensekey");
-        row("depth 6", R"([[[[[{"x": {"Serial Number": 1}}]]]]])", "Serial Number");
-        row("depth 7", R"([[[[[[{"x": {"Serial Number": 1}}]]]]]])", "");
-        row("50th element", listOf(49).constData(), "licenceKey");
-        row("51st element", listOf(50).constData(), "");
-        row("11 names", many(11).constData(),
-            "a entitlement, b10 entitlement, b11 entitlement, b12 entitlement, b13 entitlement");
-        row("12 names", many(12).constData(),
-            "b10 entitlement, b11 entitlement, b12 entitlement, b13 entitlement, b14 entitlement");
-    }
-
-    void licenseKeys()
-    {
-        QFETCH(QString, json);
-        const TemporaryMac mac;
-        mac.write(u"/Library/Preferences/org.example.plist"_s,
-                  PropertyList::xml(QJsonDocument::fromJson(json.toUtf8()).toVariant()));
-        QTEST(namesFound(mac), "names");
-    }
-
-    void traces_data()
-    {
-        columns<QString, QString, QString, QString, QString>("name", "identifier", "furniture", "locked", "found");
-        row("all places in turn", "A", "x.y",
+        row("all places of its own", "A", "x.y",
             "~/Preferences/x.y.plist=key|+/Preferences/x.y.plist=key|~/Application Support/A/my-activation|"
             "~/Application Support/x.y|~/Containers/x.y/Data/Library/Application Support/A/Subscription/",
             "",
@@ -240,12 +151,11 @@ private Q_SLOTS:
             "app-support-artifacts !");
         row("locked", "A", "x.y", "+/Preferences/x.y.plist=key|~/Application Support/A/", "x.y.plist A",
             "app-preferences:inaccessible app-support-artifacts:inaccessible !");
-        row("damaged preferences", "A", "x.y", "~/Preferences/x.y.plist=<plist><dict><key>LicenseKey", "", "");
         row("name that leaves", "..", "x.y", "~/activation", "", "");
         row("identifier that leaves", "A", "../x", "~/x.plist=key|~/x/activation", "", "");
     }
 
-    void traces()
+    void stores()
     {
         QFETCH(QString, name);
         QFETCH(QString, identifier);
@@ -253,24 +163,75 @@ private Q_SLOTS:
         QFETCH(QString, locked);
         const TemporaryMac mac;
         furnish(mac, furniture);
-        const Findings findings = preferenceSignals(name, identifier, LockedFiles(mac, locked), mac.home());
-        QTEST(summary(findings.signals) + (findings.inaccessible ? u" !"_s : QString()), "found");
+        const LockedFiles files(mac, locked);
+        const Findings ofVendors = vendorSignals(name, identifier, files, mac.home(), u"/Library"_s);
+        const Findings own = preferenceSignals(name, identifier, files, mac.home());
+        const bool inaccessible = ofVendors.inaccessible || own.inaccessible;
+        QTEST(summary(ofVendors.signals + own.signals) + (inaccessible ? u" !"_s : QString()), "found");
     }
 
-    void artifactNames()
+    void parallelsStructure()
     {
-        const auto found = [](const QString &script) {
+        const TemporaryMac mac;
+        const auto signalOf = [&mac](const QByteArray &json) {
+            mac.write(u"/Library/Preferences/Parallels/licenses.json"_s, json);
+            return vendorSignals(u"Parallels"_s, u"x"_s, *mac.services().files, mac.home(), u"/Library"_s)
+                .signals.value(0);
+        };
+        const auto isSound = [&](const QByteArray &json) {
+            return signalOf(json).verification == LicenseEvidenceVerification::structurallyValid;
+        };
+        QCOMPARE(signalOf("license signature").detail,
+                 u"A Parallels license file exists, but its expected license/signature structure was not found."_s);
+        QVERIFY(isSound(R"([1, {"x": [{"y": {"Signature": "b", "LICENSE": "a"}}]}])"));
+        QVERIFY(isSound(R"({"license": {"license": "a", "signature": "b"}})"));
+        QVERIFY(!isSound(R"({"license": 7, "signature": "b"})"));
+        QVERIFY(!isSound(R"([{"license": " \n", "signature": "b"}, {"license": "a"}])"));
+        QVERIFY(!isSound(QByteArray(100000, '[') + QByteArray(100000, ']')));
+    }
+
+    void namesOfKeysAndArtifacts()
+    {
+        const auto found = [](const TemporaryMac &mac) {
+            const Findings all = preferenceSignals(u"Example"_s, u"org.example"_s, *mac.services().files, mac.home());
+            const QString detail = all.signals.isEmpty() ? QString() : all.signals.constFirst().detail;
+            return detail.section(u": "_s, 1).section(u". F"_s, 0, -2);
+        };
+        const auto keys = [&](const QString &json) {
+            const TemporaryMac mac;
+            mac.write(u"/Library/Preferences/org.example.plist"_s,
+                      PropertyList::xml(QJsonDocument::fromJson(json.toUtf8()).toVariant()));
+            return found(mac);
+        };
+        QCOMPARE(keys(uR"({"License_Key": {"productKey": 1}, "SERIAL-number 2": 1})"_s),
+                 u"License_Key, SERIAL-number 2"_s);
+        QCOMPARE(keys(uR"({"TrialAgreementLicenseKey": {"productKey": 1}})"_s), u"productKey"_s);
+        QCOMPARE(keys(uR"([[[[[{"x": {"a\nSerial Number": 1}}]]]]])"_s), u"a Serial Number"_s);
+        QCOMPARE(keys(uR"([[[[[[{"x": {"Serial Number": 1}}]]]]]])"_s), QString());
+        const QString ones = u"1,"_s.repeated(49), key = uR"({"licenceKey": 1}])"_s;
+        QCOMPARE(keys(u'[' + ones + key), u"licenceKey"_s);
+        QCOMPARE(keys(u"[1,"_s + ones + key), QString());
+        QString many = u"["_s;
+        for (int number = 10; number <= 21; ++number)
+            many += uR"({"b%1 entitlement": 1},)"_s.arg(number);
+        const QString last = uR"({"a entitlement": 1}])"_s, five =
+                                                                u"b10 entitlement, b11 entitlement, b12 entitlement, "
+                                                                "b13 entitlement, b14 entitlement"_s;
+        QCOMPARE(keys(many + last), five);
+        QCOMPARE(keys(many.chopped(23) + last), u"a entitlement, "_s + five.chopped(17));
+
+        const auto artifact = [&](const QString &script) {
             const TemporaryMac mac;
             mac.furnish(u"cd .%1; mkdir -p 'Library/Application Support/Example'; cd Library/App*/Example; %2"_s.arg(
                 mac.home(), script));
-            return namesFound(mac);
+            return found(mac);
         };
-        QCOMPARE(found(u"touch EULA-activation 'subscription agreement' third-party-entitlement"_s), QString());
-        QCOMPARE(found(u"touch .activation; mkdir .h A.app; touch .h/activation A.app/activation"_s), QString());
-        QCOMPARE(found(u"mkdir -p a/b/c; touch a/b/c/purchase-receipt a/b/License-Key"_s), u"License-Key"_s);
-        QCOMPARE(found(u"touch $(seq 100 398) license-key"_s), u"license-key"_s);
-        QCOMPARE(found(u"touch $(seq 100 399) license-key"_s), QString());
-        QCOMPARE(found(u"touch \"$(printf 'activation\\n\\nName: x')\""_s), u"activation Name: x"_s);
+        QCOMPARE(artifact(u"touch EULA-activation 'subscription agreement' third-party-entitlement"_s), QString());
+        QCOMPARE(artifact(u"touch .activation; mkdir .h A.app; touch .h/activation A.app/activation"_s), QString());
+        QCOMPARE(artifact(u"mkdir -p a/b/c; touch a/b/c/purchase-receipt a/b/License-Key"_s), u"License-Key"_s);
+        QCOMPARE(artifact(u"touch $(seq 100 398) license-key"_s), u"license-key"_s);
+        QCOMPARE(artifact(u"touch $(seq 100 399) license-key"_s), QString());
+        QCOMPARE(artifact(u"touch \"$(printf 'activation\\n\\nName: x')\""_s), u"activation Name: x"_s);
     }
 
     void casks()

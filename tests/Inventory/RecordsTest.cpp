@@ -29,21 +29,12 @@ QJsonObject object(const QByteArray &json)
     return QJsonDocument::fromJson(json).object();
 }
 
-std::optional<InstalledMacApplication> afterReplacing(const char *before, const char *after)
-{
-    QByteArray json = wholeRecord;
-    const QJsonDocument document = QJsonDocument::fromJson(json.replace(before, after));
-    if (json == wholeRecord || !document.isObject())
-        qFatal("the row changes nothing, or breaks the JSON");
-    return installedMacApplication(document.object());
-}
-
 /// What a reader makes of the object without each of its keys, or with a value there that cannot be right.
 template <typename Record>
 void onlyTheseMayBeMissing(const QStringList &optional, const QJsonObject &whole,
                            std::optional<Record> (*read)(const QJsonObject &))
 {
-    QVERIFY(read(whole));
+    QCOMPARE(toJson(read(whole).value()), whole);
     const QStringList keys = whole.keys();
     for (const QString &key : keys) {
         QJsonObject changed = whole;
@@ -65,13 +56,6 @@ class RecordsTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void aWholeRecordReadsAndWrites()
-    {
-        const auto record = installedMacApplication(object(wholeRecord));
-        QVERIFY(record);
-        QCOMPARE(toJson(*record), object(wholeRecord));
-    }
-
     void onlyTheOptionalKeysMayBeMissing()
     {
         const QJsonObject record = object(wholeRecord);
@@ -84,11 +68,17 @@ private Q_SLOTS:
 
     void unknownWordsAndWrongShapesFail()
     {
-        QVERIFY(!afterReplacing("needsEntitlementReview", "owned"));
-        QVERIFY(!afterReplacing("indicative", "certain"));
-        QVERIFY(!afterReplacing("detected", "guessed"));
-        QVERIFY(!afterReplacing("\"signals\": [", "\"signals\": [\"text\", "));
-        QVERIFY(afterReplacing("\"state\"", "\"grade\": 4, \"state\"")); // a key of a later version
+        const auto isReadWith = [](const char *before, const char *after) {
+            const QJsonObject changed = object(QByteArray(wholeRecord).replace(before, after));
+            if (changed.isEmpty() || changed == object(wholeRecord))
+                qFatal("nothing is changed, or the JSON is broken");
+            return installedMacApplication(changed).has_value();
+        };
+        QVERIFY(!isReadWith("needsEntitlementReview", "owned"));
+        QVERIFY(!isReadWith("indicative", "certain"));
+        QVERIFY(!isReadWith("detected", "guessed"));
+        QVERIFY(!isReadWith("\"signals\": [", "\"signals\": [\"text\", "));
+        QVERIFY(isReadWith("\"state\"", "\"grade\": 4, \"state\"")); // a key of a later version
     }
 
     void auditState()

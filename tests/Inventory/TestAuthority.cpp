@@ -23,23 +23,11 @@ void require(bool good)
         qFatal("the test authority could not do its work");
 }
 
-void setTime(ASN1_TIME *target, const QDateTime &time)
+void addExtension(X509 *certificate, const char *name, const char *value)
 {
-    require(ASN1_TIME_set(target, static_cast<time_t>(time.toSecsSinceEpoch())) != nullptr);
-}
-
-/// A mark is an extension of a private name with an empty value.
-void addMark(X509 *certificate, const char *name)
-{
-    ASN1_OBJECT *const object = OBJ_txt2obj(name, 1);
-    ASN1_OCTET_STRING *const value = ASN1_OCTET_STRING_new();
-    const unsigned char null[] = {0x05, 0x00};
-    require(ASN1_OCTET_STRING_set(value, null, sizeof null) == 1);
-    X509_EXTENSION *const extension = X509_EXTENSION_create_by_OBJ(nullptr, object, 0, value);
+    X509_EXTENSION *const extension = X509V3_EXT_conf(nullptr, nullptr, name, value);
     require(X509_add_ext(certificate, extension, -1) == 1);
     X509_EXTENSION_free(extension);
-    ASN1_OCTET_STRING_free(value);
-    ASN1_OBJECT_free(object);
 }
 
 } // namespace
@@ -52,27 +40,25 @@ struct TestAuthority::Chain {
     Certificate issuer{nullptr, X509_free};
     Certificate signer{nullptr, X509_free};
 
-    static Certificate certificate(const char *name, EVP_PKEY *key, X509 *issuer, EVP_PKEY *issuerKey, const char *mark,
-                                   const Options &options)
+    /// A mark is an extension of a private name with an empty value.
+    static Certificate certificate(const char *name, EVP_PKEY *key, X509 *issuer, EVP_PKEY *issuerKey, const char *mark)
     {
         static long serial = 1;
         Certificate made(X509_new(), X509_free);
-        X509_set_version(made.get(), 2);
-        ASN1_INTEGER_set(X509_get_serialNumber(made.get()), serial++);
-        setTime(X509_getm_notBefore(made.get()), options.validFrom);
-        setTime(X509_getm_notAfter(made.get()), options.validUntil);
-        X509_NAME_add_entry_by_txt(X509_get_subject_name(made.get()), "CN", MBSTRING_UTF8,
+        X509 *const bare = made.get();
+        X509_set_version(bare, 2);
+        ASN1_INTEGER_set(X509_get_serialNumber(bare), serial++);
+        require(ASN1_TIME_set_string(X509_getm_notBefore(bare), "150101000000Z") == 1);
+        require(ASN1_TIME_set_string(X509_getm_notAfter(bare), "170101000000Z") == 1);
+        X509_NAME_add_entry_by_txt(X509_get_subject_name(bare), "CN", MBSTRING_UTF8,
                                    reinterpret_cast<const unsigned char *>(name), -1, -1, 0);
-        X509_set_issuer_name(made.get(), X509_get_subject_name(issuer ? issuer : made.get()));
-        X509_set_pubkey(made.get(), key);
+        X509_set_issuer_name(bare, X509_get_subject_name(issuer ? issuer : bare));
+        X509_set_pubkey(bare, key);
         const bool signsCertificates = qstrcmp(name, "Signer") != 0;
-        X509_EXTENSION *const constraints = X509V3_EXT_conf_nid(
-            nullptr, nullptr, NID_basic_constraints, signsCertificates ? "critical,CA:TRUE" : "critical,CA:FALSE");
-        require(X509_add_ext(made.get(), constraints, -1) == 1);
-        X509_EXTENSION_free(constraints);
+        addExtension(bare, "basicConstraints", signsCertificates ? "critical,CA:TRUE" : "critical,CA:FALSE");
         if (mark)
-            addMark(made.get(), mark);
-        require(X509_sign(made.get(), issuerKey, EVP_sha256()) > 0);
+            addExtension(bare, mark, "DER:0500");
+        require(X509_sign(bare, issuerKey, EVP_sha256()) > 0);
         return made;
     }
 };
@@ -83,13 +69,13 @@ TestAuthority::TestAuthority(const Options &options) : m_chain(std::make_unique<
 {
     Chain &chain = *m_chain;
     EVP_PKEY *const rootKey = chain.rootKey.get();
-    chain.root = Chain::certificate("Root", rootKey, nullptr, rootKey, nullptr, options);
+    chain.root = Chain::certificate("Root", rootKey, nullptr, rootKey, nullptr);
     chain.issuer = Chain::certificate("Issuer", chain.issuerKey.get(), chain.root.get(), rootKey,
-                                      options.issuerMark ? "1.2.840.113635.100.6.2.1" : nullptr, options);
+                                      options.issuerMark ? "1.2.840.113635.100.6.2.1" : nullptr);
+    X509 *const issuer = options.issuer ? chain.issuer.get() : chain.root.get();
     chain.signer =
-        Chain::certificate("Signer", chain.signerKey.get(), options.issuer ? chain.issuer.get() : chain.root.get(),
-                           options.issuer ? chain.issuerKey.get() : rootKey,
-                           options.signerMark ? "1.2.840.113635.100.6.11.1" : nullptr, options);
+        Chain::certificate("Signer", chain.signerKey.get(), issuer, options.issuer ? chain.issuerKey.get() : rootKey,
+                           options.signerMark ? "1.2.840.113635.100.6.11.1" : nullptr);
 }
 
 TestAuthority::~TestAuthority() = default;
@@ -109,7 +95,7 @@ QByteArray TestAuthority::sign(const QByteArray &payload, Form form) const
     sk_X509_push(others, m_chain->root.get());
     BIO *const content = BIO_new_mem_buf(payload.constData(), static_cast<int>(payload.size()));
     unsigned int flags = CMS_BINARY;
-    if (form != Form::withSignedAttributes)
+    if (form != Form::withAttributes)
         flags |= CMS_NOATTR;
     if (form == Form::withoutPayload)
         flags |= CMS_DETACHED;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QDateTime>
 #include <QString>
 
 #include <memory>
@@ -10,7 +9,7 @@ namespace Tavelo
 {
 
 /// A certificate authority of the test's own, which signs store receipts as Apple's does: a root, an issuer and a
-/// signer, with the marks that such certificates carry.
+/// signer, with the marks that such certificates carry. They hold in 2015 and 2016.
 class TestAuthority
 {
 public:
@@ -18,8 +17,6 @@ public:
         bool signerMark = true; ///< The signer's certificate carries the mark of receipt signers.
         bool issuerMark = true; ///< The issuer's certificate carries the mark of receipt issuers.
         bool issuer = true;     ///< Without one the root signs the signer's certificate.
-        QDateTime validFrom = QDateTime(QDate(2015, 1, 1), QTime(), Qt::UTC);
-        QDateTime validUntil = QDateTime(QDate(2017, 1, 1), QTime(), Qt::UTC);
     };
     TestAuthority();
     explicit TestAuthority(const Options &options);
@@ -29,7 +26,7 @@ public:
     /// SHA-256 of the root certificate.
     QByteArray rootFingerprint() const;
 
-    enum class Form { plain, withSignedAttributes, withoutPayload };
+    enum class Form { plain, withAttributes, withoutPayload };
     /// The payload as a signed message that holds the whole chain.
     QByteArray sign(const QByteArray &payload, Form form = Form::plain) const;
 

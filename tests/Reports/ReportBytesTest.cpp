@@ -60,17 +60,10 @@ private Q_SLOTS:
             QCOMPARE(workspaceBranding(workspace("\"S\"", none)).name, u"S"_s);
             QVERIFY2(workspaceBranding(workspace("\"S\"", none)).logo.isNull(), none);
         }
-        QByteArrayList nothing{"",
-                               "{",
-                               "[]",
-                               "{}",
-                               "\"S\"",
-                               "{\"workspace\":\"S\"}",
-                               "{\"workspace\":[{}]}",
-                               "{\"display_name\":\"S\"}",
-                               "[{\"workspace\":{\"display_name\":\"S\"}}]",
-                               whole.chopped(1),
-                               QByteArray(100'000, '[')};
+        QByteArrayList nothing{whole.chopped(1), QByteArray(100'000, '[')};
+        for (const char *json : {"", "{", "[]", "{}", "\"S\"", R"({"workspace":"S"})", R"({"workspace":[{}]})",
+                                 R"({"display_name":"S"})", R"([{"workspace":{"display_name":"S"}}])"})
+            nothing << json;
         for (const char *name : {"\" \\t\"", "\"\"", "7", "null", "[\"S\"]", "{}"})
             nothing << workspace(name, url(logo));
         for (const QByteArray &json : nothing)
@@ -102,8 +95,6 @@ private Q_SLOTS:
         QVERIFY(at(94.5, 28) == 0xffff8a00 && at(110.5, 28) == 0xffff8a00 && at(112, 28) == 0xffffffff);
         QVERIFY(at(25, 91.5) == 0xffff8a00 && at(25, 107.5) == 0xffff8a00 && at(25, 109) == 0xffffffff);
         // The letter, which leans to the right.
-        QVERIFY(at(68, 36) == 0xffffffff && at(68, 39) == 0xff4f5661);
-        QVERIFY(at(62, 98) == 0xff4f5661 && at(62, 100) == 0xffffffff);
         QVERIFY(at(56, 60) == 0xffffffff && at(56, 90) == 0xff4f5661);
         QVERIFY(at(74, 60) == 0xff4f5661 && at(74, 90) == 0xffffffff);
     }

@@ -7,10 +7,6 @@
 #include <QTest>
 
 #include <cerrno>
-#include <csignal>
-
-#include <sys/wait.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace Tavelo;
@@ -108,32 +104,6 @@ private Q_SLOTS:
                      u"Không lưu được report snapshot an toàn: the system's words"_s);
             QVERIFY(!shop.isMoved());
             QCOMPARE(shop.mac.exists(file), refused == file);
-        }
-    }
-
-    void killedWhileItSaves()
-    {
-        const Shop shop;
-        const ReportSnapshotStore store = shop.store();
-        const auto text = [](QChar letter) { return QString(200'000, letter); };
-        QVERIFY(store.save(text(u'a'), {}));
-        for (int round = 0; round < 20; ++round) {
-            const QChar before = store.load()->text.at(0);
-            const pid_t child = ::fork();
-            if (child == 0) {
-                for (ushort count = 0;; ++count)
-                    store.save(text(QChar(u'b' + (round + count) % 20)), {});
-            }
-            QVERIFY(child > 0);
-            // The first saves are waited for, however busy the machine is; what the kill then meets is left to chance.
-            const auto isSaved = [&] { return store.load() && store.load()->text.at(0) != before; };
-            const bool saved = QTest::qWaitFor(isSaved, 30'000);
-            QTest::qSleep(round);
-            ::kill(child, SIGKILL);
-            ::waitpid(child, nullptr, 0);
-            QVERIFY(saved);
-            const auto snapshot = store.load();
-            QVERIFY(snapshot && snapshot->text == text(snapshot->text.at(0)));
         }
     }
 };
