@@ -66,7 +66,10 @@ QString ownBundle()
 
 QVariantMap infoDictionary(const FileManager &files, const QString &bundlePath)
 {
-    return PropertyList::readDictionary(files, bundlePath + QStringLiteral("/Contents/Info.plist"));
+    const QString own = bundlePath + QStringLiteral("/Contents/Info.plist");
+    // What was made for a phone lies in a wrapper, to which the bundle has a link.
+    const QString wrapped = bundlePath + QStringLiteral("/WrappedBundle/Info.plist");
+    return PropertyList::readDictionary(files, files.exists(own) ? own : wrapped);
 }
 
 std::optional<QString> identifier(const FileManager &files, const QString &bundlePath)
@@ -101,10 +104,13 @@ QVariantMap stringsTable(const QByteArray &bytes)
 {
     if (const std::optional<QVariant> list = PropertyList::parse(bytes); list && list->canConvert<QVariantMap>())
         return list->toMap();
-    // Comments are matched first, so that a pair inside one is passed over.
+    // Comments are matched first, so that a pair inside one is passed over. What begins like a piece and is none is
+    // matched last and passed over whole: a look from each of its characters would take hours for a hostile file.
     static const QRegularExpression pair(
         QStringLiteral(
-            R"re(/\*.*?\*/|//[^\n]*|(?:"((?:[^"\\]|\\.)*+)"|([A-Za-z0-9_.-]+))\s*=\s*"((?:[^"\\]|\\.)*+)"\s*;)re"),
+            R"re(/\*.*?\*/|//[^\n]*)re"
+            R"re(|(?:"([^"\\]*+(?:\\.[^"\\]*+)*+)"|([A-Za-z0-9_.-]++))\s*+=\s*+"([^"\\]*+(?:\\.[^"\\]*+)*+)"\s*+;)re"
+            R"re(|/\*.*|"[^"\\]*+(?:\\.[^"\\]*+)*+"?|[A-Za-z0-9_.-]++)re"),
         QRegularExpression::DotMatchesEverythingOption);
     QStringDecoder decoder(QStringConverter::encodingForData(bytes).value_or(QStringConverter::Utf8));
     const QString text = decoder(bytes);

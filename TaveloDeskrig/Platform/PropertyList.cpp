@@ -8,7 +8,9 @@
 #include <QRegularExpression>
 #include <QStringDecoder>
 
+#include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <memory>
 
@@ -21,8 +23,12 @@ namespace
 {
 
 /// The text in UTF-8, which is what the reader takes every text for, without a byte order mark.
-QByteArray xmlInUtf8(const QByteArray &bytes)
+QByteArray xmlInUtf8(QByteArrayView data)
 {
+    // A Mac passes over blanks before the declaration.
+    const auto *const start =
+        std::find_if_not(data.begin(), data.end(), [](char c) { return std::strchr(" \t\r\n", c) && c; });
+    const QByteArray bytes(start, data.end() - start);
     static const QRegularExpression declaration(QStringLiteral("^<\\?xml[^>]*encoding\\s*=\\s*[\"']([A-Za-z0-9._-]+)"));
     static const QRegularExpression anyDeclaration(QStringLiteral("^\\s*<\\?xml[^>]*>"));
     std::optional<QStringConverter::Encoding> encoding = QStringConverter::encodingForData(bytes, u'<');
@@ -36,6 +42,30 @@ QByteArray xmlInUtf8(const QByteArray &bytes)
     QString text = decoder(bytes); // drops the mark
     text.remove(anyDeclaration);   // it names an encoding that no longer holds
     return text.toUtf8();
+}
+
+/// The text without its comments. A Mac takes what XML forbids in them, such as two hyphens.
+QByteArray withoutComments(const QByteArray &xml)
+{
+    constexpr QByteArrayView comment = "<!--", commentEnd = "-->", verbatim = "<![CDATA[", verbatimEnd = "]]>";
+    QByteArray result;
+    qsizetype kept = 0;
+    for (qsizetype index = xml.indexOf('<'); index >= 0; index = xml.indexOf('<', index + 1)) {
+        const QByteArrayView rest = QByteArrayView(xml).sliced(index);
+        const bool isComment = rest.startsWith(comment);
+        if (!isComment && !rest.startsWith(verbatim))
+            continue;
+        const qsizetype end =
+            isComment ? xml.indexOf(commentEnd, index + comment.size()) : xml.indexOf(verbatimEnd, index);
+        if (end < 0)
+            break;
+        if (isComment) {
+            result += QByteArrayView(xml).sliced(kept, index - kept);
+            kept = end + commentEnd.size();
+        }
+        index = end;
+    }
+    return result += QByteArrayView(xml).sliced(kept);
 }
 
 using Node = std::unique_ptr<void, decltype(&plist_free)>;
@@ -155,7 +185,7 @@ Node nodeOf(const QByteArray &bytes)
         if (isBinaryWithinBounds(bytes))
             plist_from_bin(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
     } else {
-        const QByteArray text = xmlInUtf8(bytes);
+        const QByteArray text = withoutComments(xmlInUtf8(bytes));
         if (isXmlWithinBounds(text))
             plist_from_xml(text.constData(), static_cast<uint32_t>(text.size()), &root);
     }

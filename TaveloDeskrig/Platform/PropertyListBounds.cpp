@@ -214,10 +214,39 @@ private:
     quint64 m_keyCharacters = 0;
 };
 
+/// A look at tags and entities alone, in one pass.
+bool isReadInTime(QByteArrayView xml)
+{
+    constexpr QByteArrayView verbatim = "<![CDATA[", verbatimEnd = "]]>";
+    qsizetype textStart = 0;
+    qint64 entities = 0, moved = 0;
+    for (qsizetype index = 0; index < xml.size(); ++index) {
+        if (xml[index] == '&') {
+            ++entities;
+        } else if (xml[index] == '<') {
+            const bool isVerbatim = xml.sliced(index).startsWith(verbatim);
+            const qsizetype end = isVerbatim ? xml.indexOf(verbatimEnd, index) : xml.indexOf('>', index);
+            if (end < 0 || (!isVerbatim && end - index > longestTag))
+                return false;
+            index = end;
+            if (isVerbatim)
+                continue; // a part of the text
+            moved += entities * (end - textStart);
+            if (moved > mostMoved)
+                return false;
+            textStart = end;
+            entities = 0;
+        }
+    }
+    return true;
+}
+
 } // namespace
 
 bool isXmlWithinBounds(const QByteArray &utf8)
 {
+    if (!isReadInTime(utf8))
+        return false;
     QXmlStreamReader reader(utf8);
     int depth = -1; // the outermost element is the list itself
     int nodes = 0;

@@ -54,6 +54,9 @@ private Q_SLOTS:
                  {"no end", "\"line\" = \"x\""},
                  {"no end of the text", "\"line\" = \"x;"},
                  {"no end of the comment", "/* \"line\" = x; "},
+                 {"hours of a text without an end", "\"" + QByteArray(R"(\")").repeated(1'000'000)},
+                 {"hours of a name without a text", QByteArray(4'000'000, 'a')},
+                 {"hours of comments without an end", QByteArray("/*").repeated(1'000'000)},
                  {"noise", QByteArray::fromHex("00ff22fe3d00d800dc5c223b")},
                  {"half a UTF-16 text", utf16(pair, QStringConverter::Utf16LE).left(13)},
                  {"half a property list", plist(u"x"_s).left(200)},
@@ -65,6 +68,15 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, bytes);
         QTEST(Bundle::stringsTable(bytes).value(u"line"_s, u"-"_s).toString(), "line");
+    }
+
+    void applicationsMadeForAPhone()
+    {
+        const TemporaryMac mac;
+        mac.write(u"/Applications/Pad.app/Wrapper/Inner.app/Info.plist"_s,
+                  PropertyList::xml(QVariantMap{{u"CFBundleIdentifier"_s, u"com.example.pad"_s}}));
+        mac.furnish(u"ln -s Wrapper/Inner.app Applications/Pad.app/WrappedBundle"_s);
+        QCOMPARE(Bundle::identifier(*mac.services().files, u"/Applications/Pad.app"_s), u"com.example.pad"_s);
     }
 
     void localizedText_data()

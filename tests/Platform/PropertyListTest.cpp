@@ -21,6 +21,14 @@ QByteArray nested(int levels)
     return document(QByteArray("<array>").repeated(levels) + QByteArray("</array>").repeated(levels));
 }
 
+QByteArray manyAttributes()
+{
+    QByteArray attributes;
+    for (int number = 0; number < 200'000; ++number)
+        attributes += " a" + QByteArray::number(number) + "=''";
+    return attributes;
+}
+
 QByteArray nestedBinary(quint32 levels)
 {
     QByteArray objects = "bplist00", offsets;
@@ -89,6 +97,13 @@ private Q_SLOTS:
                  QVariant(u"é"_s));
     }
 
+    void readsWhatXmlForbids()
+    {
+        QCOMPARE(
+            PropertyList::parse("\n " + document("<!-- -- --- --><string>a<!---->b<![CDATA[<!-- c -->]]></string>")),
+            QVariant(u"ab<!-- c -->"_s));
+    }
+
     void oddValuesSpoilNoOthers()
     {
         // {"u": a key-archive UID, "k": true}
@@ -115,6 +130,9 @@ private Q_SLOTS:
                                 "0000000000000000000a"));
         row("too deep", nested(PropertyList::maximumDepth + 2));
         row("absurdly deep", nested(200'000));
+        row("a tag of many attributes", document("<string" + manyAttributes() + ">x</string>"));
+        row("hours of entities", document("<string>" + QByteArray("&lt;").repeated(1'000'000) + "</string>"));
+        row("no end of a comment", document("<string>x</string>") + "<!-- ");
         row("binary, absurdly deep", nestedBinary(200'000));
     }
 
