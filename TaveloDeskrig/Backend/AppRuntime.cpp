@@ -2,8 +2,8 @@
 
 #include "SystemFacts.h"
 
-#include <QDir>
 #include <QProcessEnvironment>
+#include <QRegularExpression>
 
 namespace Tavelo
 {
@@ -64,8 +64,19 @@ QString AppRuntime::envURL(const QString &name, const QString &fallback) const
     const QString value = m_services.facts->environment().value(name);
     if (value.trimmed().isEmpty())
         return fallback;
-    const QString path = expandingTilde(value);
-    return QDir::cleanPath(path.startsWith(u'/') ? path : m_services.facts->workingFolder() + u'/' + path);
+    QString path = expandingTilde(value);
+    if (!path.startsWith(u'/')) {
+        const QString workingFolder = m_services.facts->workingFolder();
+        if (workingFolder.isEmpty()) // it was removed
+            return fallback;
+        path.prepend(workingFolder + u'/');
+    }
+    // Slashes too many would show. What `..` leads to is for the file system to say, since it may follow a link.
+    static const QRegularExpression slashes(QStringLiteral("/{2,}"));
+    path.replace(slashes, QStringLiteral("/"));
+    if (path.size() > 1 && path.endsWith(u'/'))
+        path.chop(1);
+    return path;
 }
 
 QString AppRuntime::bundleString(const QString &key) const

@@ -3,6 +3,7 @@
 #include "Bundle.h"
 #include "Clock.h"
 #include "FileManager.h"
+#include "InventoryText.h"
 #include "MainQueue.h"
 
 #include <algorithm>
@@ -128,7 +129,9 @@ bool DefaultApps::runDutiForEach(const QString &duti, const QString &action, con
         m_log.progress(progressText + extension,
                        0.35 + static_cast<double>(index) / static_cast<double>(extensions.size()) * 0.5);
         const QStringList arguments = {action, bundleID, extension, QStringLiteral("all")};
-        if (m_runner.runCommand(QStringList(duti) + arguments, QStringLiteral("duti ") + arguments.join(u' ')) != 0)
+        // The identifier is whatever a bundle calls itself.
+        const QString description = withoutControls(QStringLiteral("duti ") + arguments.join(u' '));
+        if (m_runner.runCommand(QStringList(duti) + arguments, description) != 0)
             succeeded = false;
     }
     return succeeded;

@@ -32,7 +32,8 @@ struct FileError;
 class MacBackend
 {
 public:
-    /// Makes the log ready.
+    /// Makes the log ready, and removes what an earlier process left half-written in the program's own folders when it
+    /// died (`FileManager::removeAbandonedTemporaries`).
     MacBackend(const PlatformServices &services, UiLog uiLog, UiProgress uiProgress);
     ~MacBackend();
     Q_DISABLE_COPY_MOVE(MacBackend)

@@ -67,8 +67,9 @@ QList<SystemCheck> SystemChecks::systemChecks() const
     return {
         check(QStringLiteral("macOS compatibility"), compatibility.level, compatibility.detail),
         check(QStringLiteral("CPU architecture"), failUnless(architectureFits), architecture),
-        check(QStringLiteral("Homebrew"), warnUnless(brew.has_value()),
-              brew.value_or(QStringLiteral("Chưa tìm thấy brew. Cài từ ") + Endpoints::homebrewSiteURL)),
+        check(
+            QStringLiteral("Homebrew"), warnUnless(brew.has_value()),
+            withoutControls(brew.value_or(QStringLiteral("Chưa tìm thấy brew. Cài từ ") + Endpoints::homebrewSiteURL))),
         check(QStringLiteral("Internet connection"), warnUnless(network),
               (network ? QStringLiteral("Có thể phân giải %1.") : QStringLiteral("Không phân giải được %1."))
                   .arg(Endpoints::dnsProbeHost)),

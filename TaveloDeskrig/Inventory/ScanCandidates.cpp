@@ -44,7 +44,9 @@ ScanCandidate candidate(const FileManager &files, const FolderEntry &entry, cons
     found.version = withoutControls(
         text(info, QStringLiteral("CFBundleShortVersionString"))
             .value_or(text(info, QStringLiteral("CFBundleVersion")).value_or(QStringLiteral("unknown"))));
-    found.identifier = withoutControls(text(info, QStringLiteral("CFBundleIdentifier")).value_or(entry.name));
+    // All that have none would count as one application.
+    const QString identifier = text(info, QStringLiteral("CFBundleIdentifier")).value_or(QString());
+    found.identifier = withoutControls(identifier.trimmed().isEmpty() ? entry.name : identifier);
     if (copyright)
         found.copyright = withoutControls(*copyright);
     found.hasAppStoreReceipt = files.exists(entry.path + QStringLiteral("/Contents/_MASReceipt/receipt"));

@@ -10,6 +10,7 @@
 #include <chrono>
 #include <cstring>
 #include <filesystem>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -26,7 +27,7 @@ namespace
 
 namespace fs = std::filesystem;
 
-constexpr const char *temporaryPrefix = ".tavelo-"; // and six letters
+constexpr const char *temporaryPrefix = ".tavelo-deskrig-"; // and six letters
 
 bool fail(FileError *error, int code)
 {
@@ -145,7 +146,7 @@ int makeFolder(const QString &hostPath, const QString &macFolder, mode_t mode)
 {
     if (QFileInfo(hostPath).isDir())
         return 0;
-    const QString parent = hostPath.left(hostPath.lastIndexOf(u'/'));
+    const QString parent = hostPath.left(std::max<qsizetype>(hostPath.lastIndexOf(u'/'), 0));
     if (hostPath == macFolder)
         return ENOENT;
     if (!parent.isEmpty() && QFileInfo::exists(parent) && !QFileInfo(parent).isDir())
@@ -330,7 +331,10 @@ std::optional<qint64> FileManager::freeBytes(const QString &path) const
     struct statvfs info;
     if (::statvfs(QFile::encodeName(m_root.hostPath(path)).constData(), &info) != 0)
         return std::nullopt;
-    return static_cast<qint64>(info.f_bavail) * static_cast<qint64>(info.f_frsize);
+    // Some file systems that have no end say so with the largest number.
+    const auto blockSize = std::max<quint64>(info.f_frsize, 1);
+    const quint64 countable = static_cast<quint64>(std::numeric_limits<qint64>::max()) / blockSize;
+    return static_cast<qint64>(std::min<quint64>(info.f_bavail, countable) * blockSize);
 }
 
 bool FileManager::enumerate(const QString &folder, EnumerationOptions options,

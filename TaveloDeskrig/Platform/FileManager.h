@@ -90,8 +90,8 @@ public:
     /// written to.
     virtual bool append(const QString &path, const QByteArray &bytes, FileError *error = nullptr) const;
 
-    /// Replaces the file as a whole: the bytes go to a private temporary file (mode 0600, named `.tavelo-` and six
-    /// letters) in the same folder, which is given `mode`, synced where the file system can, and renamed. Whatever
+    /// Replaces the file as a whole: the bytes go to a private temporary file (mode 0600, named `.tavelo-deskrig-` and
+    /// six letters) in the same folder, which is given `mode`, synced where the file system can, and renamed. Whatever
     /// happens, the path holds the old file or the new one. A link to a file is replaced, not followed; a folder, or a
     /// link to one, is an error (EISDIR).
     virtual bool writeAtomically(const QString &path, const QByteArray &bytes, mode_t mode,

@@ -119,9 +119,9 @@ QString SystemFacts::homeFolder() const
         const QString user = m_environment.value(QStringLiteral("USER"));
         return QStringLiteral("/Users/") + (isFolderName(user) ? user : QStringLiteral("technician"));
     }
-    QString home = m_environment.value(QStringLiteral("HOME"));
+    const QString home = m_environment.value(QStringLiteral("HOME"));
     if (home.startsWith(u'/'))
-        return home;
+        return QDir::cleanPath(home);
     const passwd *entry = ::getpwuid(::getuid());
     return entry ? QFile::decodeName(entry->pw_dir) : QStringLiteral("/");
 }

@@ -134,13 +134,13 @@ private Q_SLOTS:
 
     void removesAbandonedTemporariesOnly()
     {
-        m_mac.furnish(
-            u"mkdir a; cd a; mkdir .tavelo-folder; ln -s kept .tavelo-linked; touch .tavelo-aB3xYz "
-            ".tavelo-notes.txt tavelo-abcdef kept; touch -h -d '2 days ago' * .tavelo-*; touch .tavelo-recent"_s);
+        m_mac.furnish(u"mkdir a; cd a; mkdir .tavelo-deskrig-folder; ln -s kept .tavelo-deskrig-linked; "
+                      "touch .tavelo-deskrig-aB3xYz .tavelo-config kept; touch -h -d '2 days ago' * .tavelo-*; "
+                      "touch .tavelo-deskrig-recent"_s);
         m_files.removeAbandonedTemporaries(u"/a"_s);
         m_files.removeAbandonedTemporaries(u"/nowhere"_s);
         m_mac.furnish(u"test \"$(ls -A a | tr '\\n' ' ')\" = "
-                      "'.tavelo-folder .tavelo-linked .tavelo-notes.txt .tavelo-recent kept tavelo-abcdef '"_s);
+                      "'.tavelo-config .tavelo-deskrig-folder .tavelo-deskrig-linked .tavelo-deskrig-recent kept '"_s);
     }
 
     void removesLinksAndNotTheirTargets()
