@@ -118,9 +118,11 @@ std::shared_ptr<const LaidOutText> TextLayouter::wrapped(const QString &text, co
 
 std::shared_ptr<const LaidOutText> TextLayouter::inOneLine(const QString &text, const QFont &font)
 {
-    constexpr double endless = 0x7fffff; // dots; the most that a layout counts to
-    return kept({text, font.pointSizeF(), font.weight(), endless},
-                [&] { return laidOut({paragraphs(text).join(u' ')}, font, endless, QTextOption::NoWrap); });
+    constexpr double endless = 0x7fffff;  // dots; the most that a layout counts to
+    constexpr qsizetype longest = 10'000; // more characters than a page is wide, and fewer than add up to that width
+    const QString seen = text.left(longest);
+    return kept({seen, font.pointSizeF(), font.weight(), endless},
+                [&] { return laidOut({paragraphs(seen).join(u' ')}, font, endless, QTextOption::NoWrap); });
 }
 
 std::shared_ptr<const LaidOutText> TextLayouter::laidOut(const QStringList &paragraphs, const QFont &font, double width,

@@ -19,8 +19,8 @@ namespace
 
 const QString iconName = QStringLiteral("AppIcon.icns");
 constexpr qint64 maximumIconFile = qint64(16) * 1024 * 1024;
-constexpr int maximumSide = 8192;
-constexpr int shownSide = 360; // pixels, for some 30 points of paper
+constexpr int maximumSide = 5792; // its square, at four bytes a pixel, is the most that the library takes for an image
+constexpr int shownSide = 360;    // pixels, for some 30 points of paper
 
 /// An icon holds the same image in several sizes, which its reader tells only by reading them.
 QImage largestImage(QImageReader &reader)
@@ -48,6 +48,7 @@ QImage decodedLogo(const QByteArray &bytes)
     QImageReader reader(&buffer, kind);
     if (const QSize size = reader.size(); std::max(size.width(), size.height()) > maximumSide)
         return {};
+    reader.setAutoTransform(true); // a photograph says which side is up
     QImage image = kind == "icns" ? largestImage(reader) : reader.read();
     if (std::max(image.width(), image.height()) <= shownSide)
         return image;

@@ -24,7 +24,7 @@ QImage fallbackAppLogo(int pixels = 256);
 QRectF fittedRect(const QSizeF &imageSize, const QRectF &rect);
 
 /// An image of one of the kinds that logos come in (PNG, JPEG, GIF, WebP, ICNS), scaled down to what a page can show of
-/// it; a null image for anything else, and for one of more than 8,192 pixels a side.
+/// it; a null image for anything else, and for one of more than 5,792 pixels a side.
 QImage decodedLogo(const QByteArray &bytes);
 
 } // namespace MacReportPDF
