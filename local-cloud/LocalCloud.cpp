@@ -46,9 +46,17 @@ bool LocalCloud::handleRequest(const QHttpServerRequest &request, QTcpSocket *so
 {
     const ReceivedRequest seen = received(request);
     record(seen);
-    const QJsonValue disturbances = StateFile::read(m_folder + u"/disturbances.json"_s);
+    QJsonValue disturbances;
+    ServiceAnswer answer;
+    try {
+        disturbances = StateFile::read(m_folder + u"/disturbances.json"_s);
+        answer = m_services.answer(seen);
+    } catch (const StateFile::Damaged &damaged) {
+        const QString name = damaged.path.section(u'/', -1);
+        answer = {500, QJsonObject{{u"error"_s, u"damaged_file"_s}, {u"detail"_s, name + u" is not JSON"_s}}};
+    }
     const Disturbance disturbance(disturbances[QString::fromUtf8(seen.path())].toObject());
-    const std::optional<QByteArray> bytes = disturbance.bytes(m_services.answer(seen));
+    const std::optional<QByteArray> bytes = disturbance.bytes(answer);
     QTimer::singleShot(disturbance.delay(), socket, [socket, bytes] {
         if (!bytes)
             return socket->abort();

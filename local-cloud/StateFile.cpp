@@ -28,7 +28,9 @@ QJsonValue read(const QString &path)
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
     if (document.isArray())
         return document.array();
-    return document.isObject() ? QJsonValue(document.object()) : QJsonValue::Undefined;
+    if (!document.isObject())
+        throw Damaged{path};
+    return document.object();
 }
 
 void write(const QString &path, const QJsonValue &value)

@@ -8,7 +8,12 @@
 namespace Tavelo::StateFile
 {
 
-/// The JSON array or object in the file; undefined where there is none.
+/// A file that is there and holds no JSON array or object, as while somebody writes in it.
+struct Damaged {
+    QString path;
+};
+
+/// The JSON array or object in the file; undefined where there is no file. Throws `Damaged`.
 QJsonValue read(const QString &path);
 
 void write(const QString &path, const QJsonValue &value);

@@ -47,7 +47,7 @@ DeskrigViewModel::DeskrigViewModel(const PlatformServices &services, std::unique
         [self, queue = services.mainQueue](const QString &line) {
             const auto append = [self, line] {
                 if (self)
-                    self->appendLog(u"Supabase: "_s + line);
+                    self->appendCloudLog(line);
             };
             queue->isMainThread() ? append() : queue->post(append);
         },

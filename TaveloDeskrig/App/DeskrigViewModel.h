@@ -106,6 +106,7 @@ class DeskrigViewModel : public QObject
     Q_PROPERTY(Tavelo::MacReportProfile reportProfile READ reportProfile WRITE setReportProfile NOTIFY
                    reportProfileChanged STORED false)
     Q_PROPERTY(QUrl savePanelFile READ savePanelFile CONSTANT)
+    Q_PROPERTY(QUrl savePanelTop READ savePanelTop CONSTANT)
 
 public:
     /// How long a toast lives, and how long the banner of an operation stays after its end.
@@ -209,6 +210,8 @@ public:
     QString removePromptMessage() const;
     /// Where the save panel begins, as a file of this machine with the suggested name.
     QUrl savePanelFile() const;
+    /// The folder that the save panel cannot leave: the Mac's root.
+    QUrl savePanelTop() const;
 
     QString logPath() const { return m_runtime.logFile(); }
     QString reportPath() const { return m_runtime.reportFile(); }
@@ -274,7 +277,7 @@ public:
     Q_INVOKABLE void exportReportPDF(const QUrl &file);
     Q_INVOKABLE void cancelReportPDFExport();
     /// The folder of this machine that the save panel begins in; empty where there is none of the usual kind.
-    QUrl savePanelFolder() const;
+    Q_INVOKABLE QUrl savePanelFolder() const;
 
     // Cloud.
 
@@ -349,6 +352,7 @@ private:
     void updateProgress() { updateProgress(installedCount(), m_catalogItems.value().size()); }
     void applyRefreshedStatuses(const QHash<QString, InstallStatus> &statuses, bool showToast);
     void appendBackendLog(const QString &line);
+    void appendCloudLog(const QString &line);
     void refreshCoreReadiness();
     void applyCoreReadiness(const QList<SystemCheck> &checks);
     void setStatus(const QString &itemID, InstallStatus status);

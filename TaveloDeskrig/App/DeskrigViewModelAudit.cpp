@@ -160,7 +160,10 @@ void DeskrigViewModel::refreshChecks(bool logToDrawer)
         const auto applications = backend->installedAdditionalApplications({}, [&] { return task.isCancelled(); });
         if (task.isCancelled())
             return;
-        publish([](DeskrigViewModel &model) { model.markReportCatalogRefresh(); });
+        publish([task](DeskrigViewModel &model) {
+            if (!task.isCancelled())
+                model.markReportCatalogRefresh();
+        });
         const auto statuses = backend->statuses(items);
         if (task.isCancelled())
             return;

@@ -27,6 +27,11 @@ QString shortened(const QString &text)
 
 } // namespace
 
+void DeskrigViewModel::appendCloudLog(const QString &line)
+{
+    appendLog(u"Supabase: "_s + shortened(line));
+}
+
 QString DeskrigViewModel::updateTitle() const
 {
     return m_releasePolicy.value().has_value() ? shortened(m_releasePolicy.value()->title)

@@ -51,8 +51,13 @@ void DeskrigViewModel::exportReportPDF(const QUrl &file)
         return;
     saveReportProfile();
     m_currentAction = strings().writingReport();
-    const QString path = m_services.files->root().macPath(file.toLocalFile());
-    const bool isThisMachine = !m_services.files->root().isSimulated();
+    const HostRoot root = m_services.files->root();
+    const QString path = root.macPath(file.toLocalFile());
+    if (root.hostPath(path) != file.toLocalFile()) { // outside the simulated Mac
+        finishReportFailure(description(ExportError::cannotCreateDocument));
+        return;
+    }
+    const bool isThisMachine = !root.isSimulated();
     const auto failure =
         MacReportPDF::write({m_reportText, m_reportApplications.records(), m_reportProfile}, path,
                             {.files = *m_services.files,

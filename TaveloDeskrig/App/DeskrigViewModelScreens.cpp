@@ -15,11 +15,13 @@ namespace Tavelo
 namespace
 {
 
-/// A date and a time as people who read that language write them.
+/// A date and a time as people who read that language write them. Those of English disagree on whether the day or the
+/// month comes first, hence its name.
 QString dateText(const QDateTime &date, AppLanguage language)
 {
-    const QString written = language == AppLanguage::english ? u"en_GB"_s : rawValue(language);
-    return QLocale(written).toString(date.toLocalTime(), QLocale::ShortFormat);
+    if (language == AppLanguage::english)
+        return QLocale(u"en_GB"_s).toString(date.toLocalTime(), u"d MMM yyyy, HH:mm"_s);
+    return QLocale(rawValue(language)).toString(date.toLocalTime(), QLocale::ShortFormat);
 }
 
 QString orUnknown(const QString &text)
@@ -74,9 +76,11 @@ QList<DetailListModel::Detail> detailsOf(const InstalledMacApplication &applicat
 
 void DeskrigViewModel::connectScreens()
 {
-    for (const auto signal : {&DeskrigViewModel::selectedGroupIDChanged, &DeskrigViewModel::languageChanged,
-                              &DeskrigViewModel::installedCountChanged, &DeskrigViewModel::coreReadinessDetailChanged,
-                              &DeskrigViewModel::reportSnapshotDateChanged})
+    for (const auto signal :
+         {&DeskrigViewModel::selectedGroupIDChanged, &DeskrigViewModel::languageChanged,
+          &DeskrigViewModel::installedCountChanged, &DeskrigViewModel::coreReadinessDetailChanged,
+          &DeskrigViewModel::coreReadinessLabelChanged, &DeskrigViewModel::coreReadinessLevelChanged,
+          &DeskrigViewModel::reportSnapshotDateChanged})
         connect(this, signal, this, &DeskrigViewModel::shellChanged);
     connect(&m_reportApplications, &QAbstractItemModel::modelReset, this, &DeskrigViewModel::shellChanged);
     connect(this, &DeskrigViewModel::isInstallingChanged, this, &DeskrigViewModel::presetsAllowedChanged);
@@ -98,6 +102,8 @@ ShellTexts DeskrigViewModel::shell() const
         .progressLabel = labelled(label(AppI18nKey::currentProgress), u"%1/%2"_s.arg(installed).arg(total)),
         .summaryTitle = audit ? strings.auditSidebarSummaryTitle() : strings.systemTitle(),
         .summaryDetail = audit ? strings.auditSidebarSummaryDetail(applications) : m_coreReadinessDetail.value(),
+        .readiness = audit ? QString() : m_coreReadinessLabel.value(),
+        .readinessLevel = levelWord(m_coreReadinessLevel.value()),
         .linuxSource = labelled(label(AppI18nKey::linuxSource), QString::number(total)),
         .version = labelled(label(AppI18nKey::version), m_runtime.appVersion()),
         .hasApplications = applications > 0,
@@ -138,6 +144,11 @@ QUrl DeskrigViewModel::savePanelFile() const
                                     : documents;
     file.setPath(file.path() + u"/tavelo-deskrig-report.pdf"_s);
     return file;
+}
+
+QUrl DeskrigViewModel::savePanelTop() const
+{
+    return QUrl::fromLocalFile(m_services.files->root().hostPath(u"/"_s));
 }
 
 void DeskrigViewModel::openSheet(SheetKind kind)

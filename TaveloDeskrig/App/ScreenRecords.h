@@ -14,6 +14,8 @@ struct ShellTexts {
     Q_PROPERTY(QString progressLabel MEMBER progressLabel CONSTANT)
     Q_PROPERTY(QString summaryTitle MEMBER summaryTitle CONSTANT)
     Q_PROPERTY(QString summaryDetail MEMBER summaryDetail CONSTANT)
+    Q_PROPERTY(QString readiness MEMBER readiness CONSTANT)
+    Q_PROPERTY(QString readinessLevel MEMBER readinessLevel CONSTANT)
     Q_PROPERTY(QString linuxSource MEMBER linuxSource CONSTANT)
     Q_PROPERTY(QString version MEMBER version CONSTANT)
     Q_PROPERTY(bool hasApplications MEMBER hasApplications CONSTANT)
@@ -28,7 +30,9 @@ public:
     QString progressLabel = {};
     QString summaryTitle = {}; ///< Of the sidebar's card, on the Mac or on its inventory.
     QString summaryDetail = {};
-    QString linuxSource = {}; ///< How many items of the Linux set the catalog maps.
+    QString readiness = {};      ///< In a word, beside the card's title; empty where that is the inventory's.
+    QString readinessLevel = {}; ///< Its `levelWord`.
+    QString linuxSource = {};    ///< How many items of the Linux set the catalog maps.
     QString version = {};
     bool hasApplications = false; ///< The inventory holds any.
     QString auditSummary = {};

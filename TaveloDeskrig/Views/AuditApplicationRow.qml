@@ -23,7 +23,7 @@ Item {
     implicitHeight: content.implicitHeight + 20
     Accessible.role: Accessible.ListItem
     Accessible.name: name
-    Accessible.description: "%1, %2, %3".arg(applicationDescription).arg(signatureText).arg(licenseText)
+    Accessible.description: [applicationDescription, signatureText, licenseText].join(", ")
     Accessible.focusable: true
     Accessible.focused: isCurrent
 

@@ -65,6 +65,7 @@ ColumnLayout {
             text: header.viewModel.auditProgressDetailText
             color: Design.mutedText
             font.pixelSize: 11
+            horizontalAlignment: Text.AlignRight
             Layout.preferredWidth: 240
         }
     }

@@ -85,6 +85,15 @@ Rectangle {
                     table.viewModel.showApplication(currentIndex);
             }
 
+            Connections {
+                target: list.model
+
+                // Another inventory may be shorter.
+                function onModelReset() {
+                    list.currentIndex = Math.max(0, Math.min(list.currentIndex, list.count - 1));
+                }
+            }
+
             T.ScrollBar.vertical: DeskScrollBar {}
 
             delegate: AuditApplicationRow {

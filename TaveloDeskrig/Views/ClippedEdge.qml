@@ -7,6 +7,7 @@ Rectangle {
 
     required property Flickable flickable
     required property bool atTop
+    property color ground: Design.sidebar
 
     parent: flickable
     visible: atTop ? !flickable.atYBeginning : !flickable.atYEnd
@@ -17,11 +18,11 @@ Rectangle {
     gradient: Gradient {
         GradientStop {
             position: edge.atTop ? 1 : 0
-            color: "#00111c2b"
+            color: Qt.alpha(edge.ground, 0)
         }
         GradientStop {
             position: edge.atTop ? 0 : 1
-            color: Design.sidebar
+            color: edge.ground
         }
     }
 }

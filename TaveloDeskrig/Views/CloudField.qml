@@ -1,7 +1,7 @@
 import QtQuick
 import Tavelo.Views
 
-// A line of text for the cloud.
+// A line of text for the cloud. Return sends it, unless it is empty: what stands there for others is not to go by a slip.
 ReportField {
     signal submitted
 
@@ -11,7 +11,7 @@ ReportField {
     onEdited: written => text = written
 
     function submit(event: KeyEvent) {
-        if (!event.isAutoRepeat)
+        if (!event.isAutoRepeat && text.trim() !== "")
             submitted();
     }
 }

@@ -9,7 +9,7 @@ T.ScrollBar {
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     padding: 2
     visible: size < 1
-    minimumSize: 0.06
+    minimumSize: height > 0 ? Math.max(0.06, 28 / height) : 0.06 // large enough to be taken hold of
 
     contentItem: Rectangle {
         implicitWidth: 6

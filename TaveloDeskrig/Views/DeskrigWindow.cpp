@@ -47,6 +47,32 @@ void setIcon(QQuickWindow &window)
         window.setIcon(QIcon(QPixmap::fromImage(MacReportPDF::fallbackAppLogo())));
 }
 
+/// Gives a font's families to the texts that have those of an earlier one. Controls have the window's font; other texts
+/// keep the one they were made with.
+void changeFamilies(QQuickItem &item, const QFont &earlier, const QFont &font)
+{
+    if (item.inherits("QQuickText")) {
+        auto own = item.property("font").value<QFont>();
+        if (own.families() == earlier.families()) {
+            own.setFamilies(font.families());
+            own.setStyleHint(font.styleHint());
+            item.setProperty("font", own);
+        }
+    }
+    const QList<QQuickItem *> children = item.childItems();
+    for (QQuickItem *const child : children)
+        changeFamilies(*child, earlier, font);
+}
+
+/// Each language writes Chinese characters in a style of its own.
+void setFont(QQuickWindow &window, const QFont &font)
+{
+    const QFont earlier = QGuiApplication::font();
+    QGuiApplication::setFont(font);
+    window.setProperty("font", font);
+    changeFamilies(*window.contentItem(), earlier, font);
+}
+
 /// Calls once after the first frame, which a window that is not to be seen yet does not draw.
 void callAfterFirstFrame(QQuickWindow &window, const std::function<void()> &call)
 {
@@ -105,9 +131,8 @@ DeskrigWindow::DeskrigWindow(DeskrigViewModel &model, const std::function<void()
     QQuickWindow *const window = this->window();
     if (!window)
         return;
-    // Each language writes Chinese characters in a style of its own.
     QObject::connect(&model, &DeskrigViewModel::languageChanged, window,
-                     [window, &model] { window->setProperty("font", ReportFonts::font(model.language())); });
+                     [window, &model] { setFont(*window, ReportFonts::font(model.language())); });
     QObject::connect(
         &model, &DeskrigViewModel::toastChanged, window,
         [window, &model] {

@@ -4,6 +4,8 @@ import Tavelo.Views
 
 // Titled values, which the arrow keys scroll.
 ListView {
+    id: list
+
     clip: true
     cacheBuffer: 0
     spacing: 12
@@ -16,4 +18,20 @@ ListView {
     Keys.onDownPressed: flick(0, -600)
 
     T.ScrollBar.vertical: DeskScrollBar {}
+
+    ClippedEdge {
+        flickable: list
+        atTop: true
+        ground: Design.background
+    }
+    ClippedEdge {
+        flickable: list
+        atTop: false
+        ground: Design.background
+    }
+    FocusRing {
+        parent: list
+        anchors.margins: 0
+        visible: list.activeFocus && Surroundings.byKeyboard
+    }
 }

@@ -10,11 +10,13 @@ Rectangle {
     id: contents
 
     required property string start
+    /// The folder that one cannot leave.
+    required property string topFolder
     required property string emptyText
     // Where the entries on screen are. The model decodes what it is given twice.
     readonly property string address: String(entries.folder).replace(/%25/g, "%")
     readonly property string folderName: decodeURIComponent(address).split("/").pop() || "/"
-    readonly property bool isTop: address === "file:///"
+    readonly property bool isTop: withSlash(address) === withSlash(topFolder)
     readonly property bool isKnown: entries.status === FolderListModel.Ready
     signal fileChosen(string name)
 
@@ -25,6 +27,9 @@ Rectangle {
 
     function twiceEncoded(address: string): string {
         return address.replace(/%/g, "%25");
+    }
+    function withSlash(address: string): string {
+        return decodeURIComponent(address).replace(/\/?$/, "/");
     }
     function show(address: string) {
         entries.folder = twiceEncoded(address);

@@ -5,6 +5,8 @@
 
 #include <QFontMetricsF>
 
+using namespace Qt::StringLiterals;
+
 namespace Tavelo
 {
 
@@ -24,10 +26,11 @@ constexpr Face firstFaces[]{
     {16, QFont::Bold},   {17, QFont::Bold},      {26, QFont::Bold},   {34, QFont::Black, true},
 };
 
-/// Finds the font and keeps it, in this thread and for what threads share.
+/// Finds the font and keeps it, in this thread and for what threads share, with what it takes to set letters side by
+/// side.
 void load(const QFont &font)
 {
-    static_cast<void>(QFontMetricsF(font).height());
+    static_cast<void>(QFontMetricsF(font).horizontalAdvance(u"Ag"_s));
 }
 
 } // namespace

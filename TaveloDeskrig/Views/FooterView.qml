@@ -27,10 +27,12 @@ Rectangle {
         anchors.bottomMargin: 12
         spacing: 8
 
-        SymbolIcon {
-            symbol: "checkmark.circle.fill"
-            size: 14
+        // A dot, and no tick: the line may tell of a failure.
+        Rectangle {
+            radius: 5
             color: "#22c55e"
+            Layout.preferredWidth: 10
+            Layout.preferredHeight: 10
         }
         DeskText {
             objectName: "status-line"

@@ -50,6 +50,8 @@ ColumnLayout {
             Layout.fillWidth: true
         }
         DeskButton {
+            id: progressButton
+
             objectName: "progress-button"
             text: header.viewModel.progressText
             help: header.viewModel.strings.text(Labels.AppI18nKey.copyLogPathHelp)
@@ -61,6 +63,14 @@ ColumnLayout {
             font.weight: Font.Bold
             Layout.preferredWidth: 44
             onClicked: header.viewModel.copyLogPath()
+
+            contentItem: DeskText {
+                text: progressButton.text
+                font: progressButton.font
+                color: progressButton.foreground
+                horizontalAlignment: Text.AlignRight
+                Accessible.ignored: true
+            }
         }
     }
 }

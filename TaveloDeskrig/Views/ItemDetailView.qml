@@ -50,9 +50,10 @@ SheetView {
         Accessible.name: sheet.viewModel.sheetHead.title
         Layout.fillWidth: true
         Layout.fillHeight: true
+        Layout.rightMargin: -14 // the bar stands in the sheet's margin
 
         delegate: DetailLine {
-            width: ListView.view.width - 10
+            width: ListView.view.width - 14
         }
     }
     DefaultButton {

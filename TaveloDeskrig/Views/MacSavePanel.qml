@@ -13,6 +13,7 @@ Item {
 
         function onSavePanelShownChanged() {
             if (panel.viewModel.savePanelShown) {
+                dialog.currentFolder = panel.viewModel.savePanelFolder();
                 dialog.selectedFile = panel.viewModel.savePanelFile;
                 dialog.open();
             } else {

@@ -56,6 +56,7 @@ SheetView {
         focus: true
         Layout.fillWidth: true
         Layout.fillHeight: true
+        Layout.rightMargin: -14 // the bar stands in the sheet's margin
     }
     RowLayout {
         spacing: 10

@@ -44,7 +44,7 @@ FocusScope {
             leftPadding: 10
             rightPadding: 10
             verticalAlignment: TextInput.AlignVCenter
-            implicitHeight: 32
+            implicitHeight: 34
             font.pixelSize: 13
             Layout.fillWidth: true
             Accessible.name: field.label

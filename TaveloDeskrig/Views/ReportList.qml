@@ -42,12 +42,12 @@ ListView {
         viewModel: list.viewModel
         titlesHeight: titles.height
         focus: true
-        width: list.width - 10
+        width: list.width - 14
         z: 2
     }
     // qmllint enable unqualified
     delegate: ReportApplicationRow {
-        width: ListView.view.width - 10
+        width: ListView.view.width - 14
     }
 
     Rectangle {
@@ -55,7 +55,7 @@ ListView {
         visible: titles.visible
         y: list.rowsTop - (list.parts ? list.parts.tableHeight : 0)
         z: -1
-        width: list.width - 10
+        width: list.width - 14
         height: list.originY + list.contentHeight - y
         radius: Design.radius
         color: Design.card
@@ -69,7 +69,7 @@ ListView {
         strings: list.viewModel.strings
         x: 1
         y: Math.max(0, list.rowsTop - height - list.contentY)
-        width: list.width - 12
+        width: list.width - 16
         color: y > 0 ? "transparent" : Design.card
     }
 }

@@ -20,7 +20,7 @@ FocusScope {
     Accessible.name: title.text
 
     function save() {
-        if (!saveButton.enabled)
+        if (!saveButton.enabled || !viewModel.savePanelShown) // answered, and on its way out
             return;
         if (contents.holds(fileName))
             replacePrompt.open();
@@ -95,6 +95,7 @@ FocusScope {
             id: contents
 
             start: form.proposal.slice(0, form.proposal.lastIndexOf("/"))
+            topFolder: String(form.viewModel.savePanelTop)
             emptyText: form.strings.screenText(Screens.ScreenText.emptyFolder)
             Layout.fillWidth: true
             Layout.fillHeight: true

@@ -30,13 +30,23 @@ RowLayout {
     ColumnLayout {
         spacing: 4
 
-        DeskText {
-            text: header.title
-            color: header.titleColor
-            font.pixelSize: header.titleSize
-            font.weight: Font.Bold
+        // The one place that tells a long name whole.
+        Item {
+            implicitHeight: title.implicitHeight
             Layout.fillWidth: true
-            Accessible.role: Accessible.Heading
+
+            DeskText {
+                id: title
+
+                width: parent.width
+                text: header.title
+                color: header.titleColor
+                wrapMode: Text.Wrap
+                maximumLineCount: 3
+                font.pixelSize: header.titleSize
+                font.weight: Font.Bold
+                Accessible.role: Accessible.Heading
+            }
         }
         WrappedText {
             visible: text !== ""

@@ -75,7 +75,8 @@ FocusScope {
                 SidebarHeaderView {
                     strings: sidebar.viewModel.strings
                     Layout.fillWidth: true
-                    Layout.bottomMargin: 6
+                    Layout.minimumHeight: 54 // of two lines, so that the entries stay where they are in each language
+                    Layout.bottomMargin: 8
                 }
                 Repeater {
                     model: sidebar.viewModel.groups

@@ -34,9 +34,10 @@ SheetView {
         Accessible.name: header.title
         Layout.fillWidth: true
         Layout.fillHeight: true
+        Layout.rightMargin: -14 // the bar stands in the sheet's margin
 
         delegate: SystemCheckRow {
-            width: ListView.view.width - 10
+            width: ListView.view.width - 14
         }
 
         DeskText {

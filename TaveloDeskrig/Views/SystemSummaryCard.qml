@@ -32,11 +32,26 @@ Rectangle {
         ColumnLayout {
             spacing: 4
 
-            DeskText {
-                text: card.viewModel.shell.summaryTitle
-                color: "white"
-                font.weight: Font.Bold
-                Layout.fillWidth: true
+            RowLayout {
+                spacing: 8
+
+                DeskText {
+                    text: card.viewModel.shell.summaryTitle
+                    color: "white"
+                    font.weight: Font.Bold
+                    Layout.fillWidth: true
+                }
+                Pill {
+                    objectName: "readiness-pill"
+                    visible: text !== ""
+                    implicitHeight: 16
+                    horizontalPadding: 6
+                    radius: 8
+                    text: card.viewModel.shell.readiness
+                    tone: Tones.readiness(card.viewModel.shell.readinessLevel)
+                    border.width: 0
+                    font.weight: Font.Bold
+                }
             }
             WrappedText {
                 text: card.viewModel.shell.summaryDetail

@@ -72,6 +72,12 @@ Tone Tones::checkLevel(const QString &level)
     return of(tones, level);
 }
 
+Tone Tones::readiness(const QString &level)
+{
+    const QColor solid = checkLevel(level).text;
+    return {{17, 28, 43}, solid, solid};
+}
+
 Tone Tones::auditEvidence(const QString &state)
 {
     static const QHash<QString, Tone> tones{

@@ -54,6 +54,8 @@ public:
     Q_INVOKABLE static Tavelo::Tone source();
     /// Of a readiness check's level: "OK", "WARN", "FAIL".
     Q_INVOKABLE static Tavelo::Tone checkLevel(const QString &level);
+    /// The same on the sidebar's dark ground.
+    Q_INVOKABLE static Tavelo::Tone readiness(const QString &level);
     /// Of an `AuditEvidenceState`.
     Q_INVOKABLE static Tavelo::Tone auditEvidence(const QString &state);
     /// Of a `SignatureStatus`.

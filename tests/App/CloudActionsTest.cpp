@@ -91,6 +91,10 @@ void CloudActionsTest::transcript()
     QCOMPARE(model->cloudOutput().size(), DeskrigViewModel::longestCloudMessage);
     QCOMPARE(model->toast().text, model->cloudOutput());
     QCOMPARE(model->catalogItems().size(), 2);
+    WatchedViewModel next(mac.services(), std::make_unique<NetworkTransport>());
+    const auto answered = [&] { return next->logLines()->lines().filter(u"Supabase: Không đọc được"_s); };
+    QTRY_COMPARE_WITH_TIMEOUT(answered().size(), 1, 20000);
+    QVERIFY(answered().constFirst().size() < DeskrigViewModel::longestCloudMessage + 50);
     QDirIterator files(mac.hostPath(u"/Users"_s), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (files.hasNext()) {
         QFile file(files.next());

@@ -1,4 +1,5 @@
 #include "Driving.h"
+#include "ReportFonts.h"
 
 #include <QImage>
 #include <QPainter>
@@ -209,6 +210,7 @@ void WindowTest::showsTheWholeStatus()
     QQuickItem *const label = pill->childItems().constFirst();
     for (const AppLanguage language : AppLanguages::supported()) {
         model().setLanguage(language);
+        QCOMPARE(label->property("font").value<QFont>().families(), ReportFonts::font(language).families());
         for (const auto status : {InstallStatus::missing, InstallStatus::installed, InstallStatus::working,
                                   InstallStatus::failed, InstallStatus::blocked}) {
             const QString text = AppStrings(language).statusText(status, u"100%"_s);

@@ -179,9 +179,9 @@ QString AppStrings::auditLicenseConfidenceValue(LicenseEvidenceConfidence confid
     case LicenseEvidenceConfidence::verified:
         return in({u"Verified", u"Đã xác minh", u"검증됨", u"検証済み", u"已验证"});
     case LicenseEvidenceConfidence::strong:
-        return in({u"Strong", u"Mạnh", u"높음", u"高い", u"较高"});
+        return in({u"Strong", u"Khá cao", u"높음", u"高い", u"较高"});
     case LicenseEvidenceConfidence::indicative:
-        return in({u"Indicative", u"Gợi ý", u"추정", u"推定", u"推测"});
+        return in({u"Indicative", u"Có dấu hiệu", u"추정", u"推定", u"推测"});
     case LicenseEvidenceConfidence::informational:
         return in({u"Informational", u"Tham khảo", u"참고용", u"参考情報", u"仅供参考"});
     case LicenseEvidenceConfidence::none:
@@ -226,11 +226,11 @@ QString AppStrings::reportTitle() const
 QString AppStrings::reportDescription() const
 {
     return in({
-        u"Fill in the inspector and the recipient, review the contents, then export the PDF.",
-        u"Điền người kiểm tra và nơi nhận, xem lại nội dung rồi xuất PDF.",
-        u"검사자와 수신자를 입력하고 내용을 확인한 다음 PDF로 내보내세요.",
-        u"検査担当者と提出先を入力し、内容を確認してからPDFを書き出してください。",
-        u"填写检查人和接收方，核对内容后导出 PDF。",
+        u"Fill in the inspector and the report title, review the contents, then export the PDF.",
+        u"Điền người kiểm tra và tiêu đề báo cáo, xem lại nội dung rồi xuất PDF.",
+        u"검사자와 보고서 제목을 입력하고 내용을 확인한 다음 PDF로 내보내세요.",
+        u"検査担当者とレポートのタイトルを入力し、内容を確認してからPDFを書き出してください。",
+        u"填写检查人和报告标题，核对内容后导出 PDF。",
     });
 }
 

@@ -52,7 +52,7 @@ constexpr KeyedTexts<ScreenText> texts[] = {
     {ScreenText::bundleIdentifier,
      u"bundleIdentifier",
      {u"Bundle / package ID", u"ID bundle / gói", u"번들 / 패키지 ID", u"バンドル / パッケージID",
-      u"Bundle / 软件包 ID"}},
+      u"套装 / 软件包 ID"}},
     {ScreenText::teamIdentifier, u"teamIdentifier", {u"Team ID", u"Team ID", u"팀 ID", u"チームID", u"团队 ID"}},
     {ScreenText::exportPDF, u"exportPDF", {u"Export PDF", u"Xuất PDF", u"PDF 내보내기", u"PDFを書き出す", u"导出 PDF"}},
     {ScreenText::appsCounter, u"appsCounter", {u"%1 APPS", u"%1 ỨNG DỤNG", u"앱 %1개", u"アプリ%1個", u"%1 个应用"}},
