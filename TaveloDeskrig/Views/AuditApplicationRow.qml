@@ -23,7 +23,7 @@ Item {
     implicitHeight: content.implicitHeight + 20
     Accessible.role: Accessible.ListItem
     Accessible.name: name
-    Accessible.description: [applicationDescription, signatureText, licenseText].join(", ")
+    Accessible.description: applicationDescription + ", " + signatureText + ", " + licenseText
     Accessible.focusable: true
     Accessible.focused: isCurrent
 
