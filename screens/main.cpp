@@ -22,11 +22,12 @@ const QByteArray demandedUpdate = R"({"update_required": true, "title": "Update 
 /// The application of which there is the most to tell.
 int mostTelling(const QList<InstalledMacApplication> &applications)
 {
-    const auto signalCount = [](const InstalledMacApplication &application) {
-        const auto &evidence = application.licenseEvidence;
-        return evidence && evidence->signals ? evidence->signals->size() : 0;
+    const auto weight = [](const InstalledMacApplication &application) {
+        const AppLicenseEvidence evidence = application.licenseEvidence.value_or(AppLicenseEvidence());
+        return std::pair(-int(evidence.confidence.value_or(LicenseEvidenceConfidence::none)),
+                         evidence.signals ? evidence.signals->size() : 0);
     };
-    const auto most = std::ranges::max_element(applications, {}, signalCount);
+    const auto most = std::ranges::max_element(applications, {}, weight);
     return int(most - applications.begin());
 }
 

@@ -23,12 +23,9 @@ SheetView {
         focus: true
         model: sheet.viewModel.sheetDetails
         Accessible.name: sheet.viewModel.sheetHead.title
-        Layout.fillWidth: true
-        Layout.fillHeight: true
-        Layout.rightMargin: -14 // the bar stands in the sheet's margin
 
         delegate: AuditDetailField {
-            width: ListView.view.width - 14
+            width: ListView.view.width - 24
         }
     }
     Notice {

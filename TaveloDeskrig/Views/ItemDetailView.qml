@@ -48,12 +48,9 @@ SheetView {
         model: sheet.viewModel.sheetDetails
         spacing: 8
         Accessible.name: sheet.viewModel.sheetHead.title
-        Layout.fillWidth: true
-        Layout.fillHeight: true
-        Layout.rightMargin: -14 // the bar stands in the sheet's margin
 
         delegate: DetailLine {
-            width: ListView.view.width - 14
+            width: ListView.view.width - 24
         }
     }
     DefaultButton {

@@ -32,12 +32,9 @@ SheetView {
         spacing: 10
         model: sheet.viewModel.latestChecks
         Accessible.name: header.title
-        Layout.fillWidth: true
-        Layout.fillHeight: true
-        Layout.rightMargin: -14 // the bar stands in the sheet's margin
 
         delegate: SystemCheckRow {
-            width: ListView.view.width - 14
+            width: ListView.view.width - 24
         }
 
         DeskText {
