@@ -28,7 +28,7 @@ QByteArray xmlInUtf8(QByteArrayView data)
     // A Mac passes over blanks before the declaration.
     const auto *const start =
         std::find_if_not(data.begin(), data.end(), [](char c) { return std::strchr(" \t\r\n", c) && c; });
-    const QByteArray bytes(start, data.end() - start);
+    QByteArray bytes(start, data.end() - start);
     static const QRegularExpression declaration(QStringLiteral("^<\\?xml[^>]*encoding\\s*=\\s*[\"']([A-Za-z0-9._-]+)"));
     static const QRegularExpression anyDeclaration(QStringLiteral("^\\s*<\\?xml[^>]*>"));
     std::optional<QStringConverter::Encoding> encoding = QStringConverter::encodingForData(bytes, u'<');
