@@ -12,6 +12,7 @@
 #include <QQuickItem>
 #include <QQuickStyle>
 #include <QQuickWindow>
+#include <QSet>
 #include <QTimer>
 
 #include <chrono>
@@ -48,20 +49,31 @@ void setIcon(QQuickWindow &window)
 }
 
 /// Gives a font's families to the texts that have those of an earlier one. Controls have the window's font; other texts
-/// keep the one they were made with.
-void changeFamilies(QQuickItem &item, const QFont &earlier, const QFont &font)
+/// keep the one they were made with. Those of a closed dialog are found by who owns them, those of a list by where they
+/// are shown.
+void changeFamilies(QObject &root, const QFont &earlier, const QFont &font)
 {
-    if (item.inherits("QQuickText")) {
-        auto own = item.property("font").value<QFont>();
-        if (own.families() == earlier.families()) {
-            own.setFamilies(font.families());
-            own.setStyleHint(font.styleHint());
-            item.setProperty("font", own);
-        }
+    QSet<const QObject *> seen;
+    for (QObjectList todo{&root}; !todo.isEmpty();) {
+        QObject *const object = todo.takeLast();
+        if (seen.contains(object))
+            continue;
+        seen.insert(object);
+        todo += object->children();
+        const auto *const item = qobject_cast<QQuickItem *>(object);
+        if (!item)
+            continue;
+        for (QQuickItem *const child : item->childItems())
+            todo.append(child);
+        if (!item->inherits("QQuickText"))
+            continue;
+        auto own = item->property("font").value<QFont>();
+        if (own.families() != earlier.families())
+            continue;
+        own.setFamilies(font.families());
+        own.setStyleHint(font.styleHint());
+        object->setProperty("font", own);
     }
-    const QList<QQuickItem *> children = item.childItems();
-    for (QQuickItem *const child : children)
-        changeFamilies(*child, earlier, font);
 }
 
 /// Each language writes Chinese characters in a style of its own.
@@ -70,7 +82,7 @@ void setFont(QQuickWindow &window, const QFont &font)
     const QFont earlier = QGuiApplication::font();
     QGuiApplication::setFont(font);
     window.setProperty("font", font);
-    changeFamilies(*window.contentItem(), earlier, font);
+    changeFamilies(window, earlier, font);
 }
 
 /// Calls once after the first frame, which a window that is not to be seen yet does not draw.

@@ -6,7 +6,9 @@
 #include "UserDefaults.h"
 #include "WatchedViewModel.h"
 
+#include <QDir>
 #include <QFileInfo>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <cerrno>
@@ -202,6 +204,11 @@ void AuditFlowTest::exportGuards()
     model->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(u"/nowhere/a.pdf"_s)));
     QCOMPARE(model.settled().last(2), QStringList({u"currentAction = Không thể tạo tài liệu PDF."_s,
                                                    u"toast = failure: Không thể tạo tài liệu PDF."_s}));
+    model.advance(std::chrono::seconds(10));
+    const QTemporaryDir outside; // of the simulated Mac
+    model->exportReportPDF(QUrl::fromLocalFile(outside.filePath(u"a.pdf"_s)));
+    QCOMPARE(model.settled().constLast(), u"toast = failure: Không thể tạo tài liệu PDF."_s);
+    QVERIFY(QDir(outside.path()).isEmpty() && !audit.mac.exists(outside.filePath(u"a.pdf"_s)));
     QVERIFY(!audit.mac.exists(snapshotFile));
     QVERIFY(model->hasReportSnapshot());
 }

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void unreachable();
     void refusals_data() { rowsOfTable(u"local-cloud-refusals.txt"_s, {"target", "body", "detail"}); }
     void refusals();
+    void damagedFileStays();
     void goesWithWhatIsUnderWay();
     void startedOnAnotherThread();
     void unwritableCacheKeepsTheEarlierOne();
@@ -169,6 +170,21 @@ void SupabaseClientTest::refusals()
     const auto payload = body.isEmpty() ? std::nullopt : std::optional(QJsonDocument::fromJson(body.toUtf8()).object());
     const auto answer = awaited(cloud.client.requestJSON(m_cloud.url() + target, payload ? "POST" : "GET", payload));
     QTEST(answer.body["detail"_L1].toString(), "detail");
+}
+
+/// Somebody may be writing in it.
+void SupabaseClientTest::damagedFileStays()
+{
+    m_cloud.disturb(u"{}"_s);
+    m_cloud.write(u"business.json"_s, "{\"policies\": [");
+    const DrivenClient cloud(TemporaryMac().services(), m_cloud.url());
+    const QString target = m_cloud.url() + u"/functions/v1/business-device-config"_s;
+    const QJsonObject change{{u"action"_s, u"update"_s}, {u"department"_s, u"D"_s}, {u"asset_code"_s, u"A"_s}};
+    for (int attempt = 0; attempt < 2; ++attempt) { // the first one replaces nothing
+        const auto answer = awaited(cloud.client.requestJSON(target, "POST", change));
+        QCOMPARE(answer.body["detail"_L1].toString(), u"business.json is not JSON"_s);
+    }
+    m_cloud.write(u"business.json"_s, "{}");
 }
 
 /// A client that goes takes with it what is under way, also where it goes because of an answer of its own.

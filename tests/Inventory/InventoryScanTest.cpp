@@ -7,6 +7,7 @@
 #include "PropertyList.h"
 #include "ReceiptSecurity.h"
 #include "Row.h"
+#include "ScanCandidates.h"
 #include "TestAuthority.h"
 #include "Workshop.h"
 
@@ -106,6 +107,18 @@ private Q_SLOTS:
     void initTestCase()
     {
         QLocale::setDefault(QLocale::English); // which orders the list
+    }
+
+    void applicationsWithoutIdentifierStayApart()
+    {
+        const TemporaryMac mac;
+        mac.addApp(u"/Applications/One.app"_s, u""_s);
+        mac.addApp(u"/Applications/Two.app"_s, u" "_s);
+        const auto found = scanCandidates(*mac.services().files, mac.home(), [] { return false; });
+        QSet<QString> identifiers;
+        for (const ScanCandidate &candidate : found.value())
+            identifiers.insert(candidate.identifier);
+        QCOMPARE(identifiers, (QSet<QString>{u"One.app"_s, u"Two.app"_s}));
     }
 
     void listsWhatWasAdded()

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void tabsThroughTheWindow();
     void worksByKeyboard();
     void showsTheWholeStatus();
+    void closedDialogsFollowTheLanguage();
     void followsTheLog();
     void movesABannerEvenly();
     void doesTheSameByKeyboardAndMouse();
@@ -219,6 +220,21 @@ void WindowTest::showsTheWholeStatus()
             QVERIFY2(!label->property("truncated").toBool(), qPrintable(text));
         }
     }
+}
+
+void WindowTest::closedDialogsFollowTheLanguage()
+{
+    openAndSettle();
+    model().askToUninstallItem(u"libreoffice"_s);
+    settle();
+    const QQuickItem *const title =
+        find(u"remove-cancel-button"_s)->parentItem()->parentItem()->childItems().constFirst();
+    const auto families = [&] { return title->childItems().constFirst()->property("font").value<QFont>().families(); };
+    QCOMPARE(families(), ReportFonts::font(AppLanguage::english).families());
+    model().cancelUninstall();
+    settle();
+    model().setLanguage(AppLanguage::korean);
+    QCOMPARE(families(), ReportFonts::font(AppLanguage::korean).families());
 }
 
 void WindowTest::followsTheLog()
