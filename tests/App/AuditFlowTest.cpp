@@ -205,7 +205,8 @@ void AuditFlowTest::exportGuards()
     QCOMPARE(model.settled().last(2), QStringList({u"currentAction = Không thể tạo tài liệu PDF."_s,
                                                    u"toast = failure: Không thể tạo tài liệu PDF."_s}));
     model.advance(std::chrono::seconds(10));
-    const QTemporaryDir outside; // of the simulated Mac
+    const QTemporaryDir outside; // of the simulated Mac, where the same path exists
+    QVERIFY(QDir().mkpath(audit.mac.hostPath(outside.path())));
     model->exportReportPDF(QUrl::fromLocalFile(outside.filePath(u"a.pdf"_s)));
     QCOMPARE(model.settled().constLast(), u"toast = failure: Không thể tạo tài liệu PDF."_s);
     QVERIFY(QDir(outside.path()).isEmpty() && !audit.mac.exists(outside.filePath(u"a.pdf"_s)));
