@@ -6,6 +6,8 @@
 #include <QQuickWindow>
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace Tavelo
@@ -55,6 +57,15 @@ QQuickItem *findIn(QQuickItem *item, const QString &objectName)
             return found;
     }
     return nullptr;
+}
+
+/// Whether a dialog is on its way in or out. One on its way out still takes the clicks.
+bool isAnyDialogMoving(const QQuickWindow &window)
+{
+    const QList<QObject *> parts = window.findChildren<QObject *>();
+    return std::any_of(parts.begin(), parts.end(), [](const QObject *part) {
+        return part->inherits("QQuickPopup") && part->property("visible") != part->property("opened");
+    });
 }
 
 } // namespace
@@ -107,7 +118,9 @@ void Stage::settle()
     do {
         QCoreApplication::processEvents();
     } while (!m_pool.waitForDone(5));
-    pass(400); // more than any animation takes
+    pass(400); // more than any animation takes, unless the machine has much else to do
+    if (!QTest::qWaitFor([this] { return !isAnyDialogMoving(window()); }))
+        qFatal("A dialog keeps moving.");
 }
 
 void Stage::pass(int milliseconds)

@@ -31,8 +31,8 @@ QString WindowDriver::textOf(const QString &name)
 
 QPoint WindowDriver::middle(const QString &name)
 {
-    const QQuickItem *const item = find(name);
-    if (!item)
+    const QQuickItem *item = nullptr;
+    if (!QTest::qWaitFor([&] { return (item = find(name)) != nullptr; }))
         qFatal("There is no %s in sight.", qPrintable(name));
     return item->mapToScene({item->width() / 2, item->height() / 2}).toPoint();
 }

@@ -46,7 +46,7 @@ protected:
     /// What the item of that name says; "nothing" where it is not in sight.
     QString textOf(const QString &name);
     bool isEnabled(const QString &name) { return find(name)->isEnabled(); }
-    /// The middle of the item of that name, which must be in sight, in the window.
+    /// The middle, in the window, of the item of that name, which must be in sight or come in five seconds.
     QPoint middle(const QString &name);
     /// The name of the item that the keyboard is at, or of the nearest one around it that has one.
     QString focused();
