@@ -8,7 +8,7 @@ function(add_project_test name)
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   target_link_libraries(${name} PRIVATE TestSupport ${test_USES} ProjectSettings)
   add_test(NAME ${name} COMMAND ${name})
-  set(environment QT_QPA_PLATFORM=offscreen)
+  set(environment QT_QPA_PLATFORM=offscreen QTEST_FUNCTION_TIMEOUT=1400000) # in ms; the library's own is five minutes
   if(TAVELO_SANITIZE STREQUAL thread)
     # A test starts threads after it has started processes, which is safe: a child executes another program at once.
     set(options "die_after_fork=0:suppressions=${PROJECT_SOURCE_DIR}/tests/sanitizers/thread.supp")

@@ -171,7 +171,7 @@ void WholeRoadWindowTest::obeysItsOrganisation()
         clickAndSettle(u"cloud-tools-button"_s);
         const QUuid before = model().toast().id;
         click(button);
-        const bool isAnswered = QTest::qWaitFor([&] { return model().toast().id != before; });
+        const bool isAnswered = QTest::qWaitFor([&] { return model().toast().id != before; }, 20000);
         keyAndSettle(Qt::Key_Escape);
         return isAnswered ? outcome() : u"no answer"_s;
     };
