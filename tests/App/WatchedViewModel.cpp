@@ -17,8 +17,7 @@ namespace
 QString shown(const QVariant &value)
 {
     if (value.metaType() != QMetaType::fromType<ToastMessage>())
-        return value.metaType() == QMetaType::fromType<AppLanguage>() ? rawValue(value.value<AppLanguage>())
-                                                                      : value.toString();
+        return value.toString();
     const auto toast = value.value<ToastMessage>();
     const QString kind = QVariant::fromValue(toast.kind).toString();
     return toast.isShown() ? kind + u": "_s + toast.text : u"none"_s;
@@ -113,8 +112,6 @@ void WatchedViewModel::watch()
             [this, model] { note(u"activeSheet"_s, model->activeSheet().id()); });
     connect(model, &DeskrigViewModel::pendingUninstallChanged, this,
             [this, model] { note(u"pendingUninstall"_s, model->pendingUninstall().value_or(AppItem()).id); });
-    connect(model, &DeskrigViewModel::coreReadinessLevelChanged, this,
-            [this, model] { note(u"coreReadinessLevel"_s, levelWord(model->coreReadinessLevel())); });
     connect(model, &DeskrigViewModel::reportSnapshotDateChanged, this,
             [this, model] { note(u"reportSnapshotDate"_s, model->reportSnapshotDate().toString(Qt::ISODateWithMs)); });
     connect(model, &DeskrigViewModel::reportProfileChanged, this,
