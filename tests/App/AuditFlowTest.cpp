@@ -23,19 +23,22 @@ const QString supportFolder = u"/Users/technician/Library/Application Support/Ta
 const QString pdfFile = u"/Users/technician/Documents/a.pdf"_s;
 const QString snapshotFile = supportFolder + u"/Reports/report-snapshot.json"_s;
 
-/// The view model of a Mac with two applications, whose report waits at a gate for the hardware's description.
-struct Audit {
-    Audit()
+struct MacWithTwoApplications {
+    MacWithTwoApplications()
     {
         mac.furnish(u"add-app"_s, {u"Alpha"_s});
         mac.furnish(u"add-app"_s, {u"Beta"_s});
-        model.emplace(mac.services(), u"/system_profiler"_s);
-        model->settle();
-        model->take();
     }
-
     const ProgramOnAMac mac;
-    std::optional<WatchedViewModel> model;
+};
+
+/// The view model there, whose report waits at a gate for the hardware's description.
+struct Audit : MacWithTwoApplications, WatchedViewModel {
+    Audit() : WatchedViewModel(mac.services(), u"/system_profiler"_s)
+    {
+        settle();
+        take();
+    }
 };
 
 } // namespace
@@ -47,8 +50,7 @@ class AuditFlowTest : public QObject
 private Q_SLOTS:
     void fromTheScanToTheNextStart()
     {
-        Audit audit;
-        WatchedViewModel &model = *audit.model;
+        Audit model;
         QString transcript;
         const auto scene = [&](const QString &title) {
             transcript += u"== %1\n%2\n\n"_s.arg(title, model.settled().join(u'\n'));
@@ -64,12 +66,12 @@ private Q_SLOTS:
         model->startReportPDFExport();
         model->setReportProfile(profile);
         model->startReportPDFExport();
-        model->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(pdfFile)));
+        model->exportReportPDF(QUrl::fromLocalFile(model.mac.hostPath(pdfFile)));
         scene(u"export"_s);
         QCOMPARE(differencesFromGolden(u"view-model-audit.txt"_s, transcript.toUtf8()), QByteArray());
 
         // The next start.
-        PlatformServices services = audit.mac.services();
+        PlatformServices services = model.mac.services();
         WatchedViewModel next(services);
         QCOMPARE(next->reportProfile(), profile);
         QVERIFY(next->hasReportSnapshot());
@@ -80,8 +82,8 @@ private Q_SLOTS:
         QCOMPARE(next->auditProgressDetailText(), u"Inventory complete: 2 items detected"_s);
 
         // An earlier version's snapshot, which cannot be moved.
-        QVERIFY(services.defaults->setData(u"tavelo.mac.report-snapshot.v1"_s, audit.mac.contents(snapshotFile)));
-        services.files = std::make_shared<RefusingFiles>(audit.mac.folder(), snapshotFile, EPERM);
+        QVERIFY(services.defaults->setData(u"tavelo.mac.report-snapshot.v1"_s, model.mac.contents(snapshotFile)));
+        services.files = std::make_shared<RefusingFiles>(model.mac.folder(), snapshotFile, EPERM);
         WatchedViewModel last(services);
         QVERIFY(last->hasReportSnapshot());
         QVERIFY(last->logLines()->lines().constFirst().endsWith(
@@ -91,8 +93,7 @@ private Q_SLOTS:
     /// The scan waits for the change of screen, and whoever leaves before it gets none.
     void navigation()
     {
-        Audit audit;
-        WatchedViewModel &model = *audit.model;
+        Audit model;
         model->openAuditWorkspace();
         QVERIFY(!model->isReportRefreshing());
         model->selectGroup(u"audit"_s); // is there already
@@ -109,8 +110,7 @@ private Q_SLOTS:
 
     void systemCheckGivesWay()
     {
-        Audit audit;
-        WatchedViewModel &model = *audit.model;
+        Audit model;
         model->show(Sheet(Sheet::Kind::settings));
         model.take();
         model->refreshChecks(false);
@@ -134,8 +134,7 @@ private Q_SLOTS:
 
     void cancelledAndSuperseded()
     {
-        Audit audit;
-        WatchedViewModel &model = *audit.model;
+        Audit model;
         model->refreshChecks(true);
         QTRY_COMPARE_WITH_TIMEOUT(model.launcher().arrived, 1, 20000);
         QCoreApplication::processEvents();
@@ -159,9 +158,8 @@ private Q_SLOTS:
     /// A report that cannot be written shows why, also of a check that another has replaced, and nothing else changes.
     void failures()
     {
-        Audit audit;
-        WatchedViewModel &model = *audit.model;
-        const PlatformServices services = audit.mac.services();
+        Audit model;
+        const PlatformServices services = model.mac.services();
         QVERIFY(services.files->createFolder(model->reportPath()));
         model->refreshChecks(false);
         QTRY_COMPARE_WITH_TIMEOUT(model.launcher().arrived, 1, 20000);
@@ -180,15 +178,14 @@ private Q_SLOTS:
         model->scanMac();
         model.settled();
         model->setReportProfile({.inspectorName = u"L"_s, .subject = u"S"_s});
-        model->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(pdfFile)));
+        model->exportReportPDF(QUrl::fromLocalFile(model.mac.hostPath(pdfFile)));
         QVERIFY(model.settled().contains(u"log: Không lưu được report snapshot an toàn: Is a directory"_s));
-        QVERIFY(audit.mac.exists(pdfFile));
+        QVERIFY(model.mac.exists(pdfFile));
     }
 
     void exportGuards()
     {
-        Audit audit;
-        WatchedViewModel &model = *audit.model;
+        Audit model;
         model->startReportPDFExport();
         QCOMPARE(model->toast().text, u"Scan the computer before exporting PDF."_s);
         model->scanMac();
@@ -204,15 +201,15 @@ private Q_SLOTS:
         model->cancelReportPDFExport();
         QCOMPARE(model.settled(), QStringList(u"savePanelShown = false"_s));
         model->startReportPDFExport();
-        model->exportReportPDF(QUrl::fromLocalFile(audit.mac.hostPath(u"/nowhere/a.pdf"_s)));
+        model->exportReportPDF(QUrl::fromLocalFile(model.mac.hostPath(u"/nowhere/a.pdf"_s)));
         QCOMPARE(model.settled().last(2), QStringList({u"currentAction = Không thể tạo tài liệu PDF."_s,
                                                        u"toast = failure: Không thể tạo tài liệu PDF."_s}));
         const QTemporaryDir outside; // of the simulated Mac, where the same path exists
-        QVERIFY(QDir().mkpath(audit.mac.hostPath(outside.path())));
+        QVERIFY(QDir().mkpath(model.mac.hostPath(outside.path())));
         model->exportReportPDF(QUrl::fromLocalFile(outside.filePath(u"a.pdf"_s)));
         QCOMPARE(model.settled().constLast(), u"toast = failure: Không thể tạo tài liệu PDF."_s);
-        QVERIFY(QDir(outside.path()).isEmpty() && !audit.mac.exists(outside.filePath(u"a.pdf"_s)));
-        QVERIFY(!audit.mac.exists(snapshotFile));
+        QVERIFY(QDir(outside.path()).isEmpty() && !model.mac.exists(outside.filePath(u"a.pdf"_s)));
+        QVERIFY(!model.mac.exists(snapshotFile));
         QVERIFY(model->hasReportSnapshot());
     }
 };

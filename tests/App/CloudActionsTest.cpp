@@ -36,7 +36,7 @@ private Q_SLOTS:
                           link.toUtf8() + "\"}");
         m_cloud.write(u"app_catalog.json"_s, R"([{"item_id": "vlc", "is_active": false}])");
         m_cloud.write(u"business.json"_s, R"({"policies": [{"policy": {"allowed_item_ids": ["gimp", "evince"]}}]})");
-        WatchedViewModel model(mac.services(), std::make_unique<NetworkTransport>());
+        WatchedViewModel model(mac.services(), {}, std::make_unique<NetworkTransport>());
         QTRY_VERIFY_WITH_TIMEOUT(model->releasePolicy(), 20000);
         model.settle();
         QCOMPARE(model.take().filter(u"policy"_s), QStringList(u"log: Release policy báo có bản mới 2.0."_s));
@@ -83,7 +83,7 @@ private Q_SLOTS:
         QCOMPARE(model->cloudOutput().size(), DeskrigViewModel::longestCloudMessage);
         QCOMPARE(model->toast().text, model->cloudOutput());
         QCOMPARE(model->catalogItems().size(), 2);
-        WatchedViewModel next(mac.services(), std::make_unique<NetworkTransport>());
+        WatchedViewModel next(mac.services(), {}, std::make_unique<NetworkTransport>());
         const auto answered = [&] { return next->logLines()->lines().filter(u"Supabase: Không đọc được"_s); };
         QTRY_COMPARE_WITH_TIMEOUT(answered().size(), 1, 20000);
         QVERIFY(answered().constFirst().size() < DeskrigViewModel::longestCloudMessage + 50);

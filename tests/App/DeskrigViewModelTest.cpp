@@ -23,7 +23,7 @@ private Q_SLOTS:
     {
         const ProgramOnAMac mac;
         const PlatformServices services = mac.services();
-        services.defaults->setText(AppLanguages::storedKey.toString(), u"vi"_s);
+        services.defaults->setText(u"tavelo.uiLanguage"_s, u"vi"_s);
         const AppStrings vietnamese(AppLanguage::vietnamese);
         WatchedViewModel model(services, u"/brew"_s);
         QCOMPARE(model->currentAction(), vietnamese.checkingInstalledStatus());
@@ -56,21 +56,11 @@ private Q_SLOTS:
         QCOMPARE(other->coreReadinessLabel(), u"CHECK"_s);
     }
 
-    void timers()
+    void bannerStaysAWhile()
     {
         const SmallMac mac;
         WatchedViewModel model(mac.services());
         model.settle();
-        model->copyLogPath();
-        model.advance(2100ms);
-        model->copyReportPath();
-        model.advance(200ms); // the first toast's time is up
-        QCOMPARE(model->toast().text, u"Copied report path"_s);
-        model.advance(1999ms);
-        QVERIFY(model->toast().isShown());
-        model.advance(1ms);
-        QVERIFY(!model->toast().isShown());
-
         const AppItem vlc = catalogItem(u"vlc"_s);
         model->install(vlc);
         model.settle();
@@ -102,13 +92,17 @@ private Q_SLOTS:
         QCOMPARE(model->filteredItems()->index(0).data(CatalogListModel::statusText),
                  japanese.statusText(InstallStatus::missing));
         QCOMPARE(AppLanguages::storedDefault(*services.defaults), AppLanguage::japanese);
+        for (const QString &unknown : {u"fr"_s, u"JA"_s}) {
+            services.defaults->setText(u"tavelo.uiLanguage"_s, unknown);
+            QCOMPARE(AppLanguages::storedDefault(*services.defaults), AppLanguage::english);
+        }
         model.settle();
         QCOMPARE(model->coreReadinessDetail(), CoreReadiness::of(model->latestChecks()->checks(), japanese).detail);
         model->setLanguage(AppLanguage::korean);
         QCOMPARE(model->cloudOutput(), AppStrings(AppLanguage::korean).text(AppI18nKey::noDeviceData));
     }
 
-    void smallActions()
+    void smallActionsAndTheirToasts()
     {
         const SmallMac mac;
         WatchedViewModel model(mac.services());
@@ -117,7 +111,14 @@ private Q_SLOTS:
         const auto copied = [] { return QGuiApplication::clipboard()->text(); };
         model->copyLogPath();
         QCOMPARE(copied(), u"/Users/technician/Library/Logs/tavelo-deskrig.log"_s);
+        model.advance(2100ms);
         model->copyReportPath();
+        model.advance(200ms); // the first toast's time is up
+        QCOMPARE(model->toast().text, u"Copied report path"_s);
+        model.advance(1999ms);
+        QVERIFY(model->toast().isShown());
+        model.advance(1ms);
+        QVERIFY(!model->toast().isShown());
         QCOMPARE(copied(),
                  u"/Users/technician/Library/Application Support/Tavelo Deskrig/Reports/tavelo-deskrig-report.txt"_s);
         model.take();

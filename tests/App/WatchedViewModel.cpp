@@ -49,13 +49,8 @@ ProcessResult GatedLauncher::run(const ProcessSetup &setup) const
     return ProcessLauncher::run(setup);
 }
 
-WatchedViewModel::WatchedViewModel(PlatformServices services, const QString &gated)
-    : WatchedViewModel(std::move(services), std::make_unique<HeldTransport>(), gated)
-{
-}
-
-WatchedViewModel::WatchedViewModel(PlatformServices services, std::unique_ptr<HttpTransport> transport,
-                                   const QString &gated)
+WatchedViewModel::WatchedViewModel(PlatformServices services, const QString &gated,
+                                   std::unique_ptr<HttpTransport> transport)
     : m_launcher(std::make_shared<GatedLauncher>(services, gated)),
       m_network(dynamic_cast<HeldTransport *>(transport.get())), m_services(std::move(services))
 {

@@ -64,8 +64,8 @@ class WatchedViewModel : public QObject
     Q_OBJECT
 
 public:
-    explicit WatchedViewModel(PlatformServices services, const QString &gated = {});
-    WatchedViewModel(PlatformServices services, std::unique_ptr<HttpTransport> transport, const QString &gated = {});
+    explicit WatchedViewModel(PlatformServices services, const QString &gated = {},
+                              std::unique_ptr<HttpTransport> transport = std::make_unique<HeldTransport>());
     ~WatchedViewModel() override;
 
     DeskrigViewModel &operator*() { return *m_model; }

@@ -1,6 +1,7 @@
 #include "Symbols.h"
 #include "Catalog.h"
 #include "GroupListModel.h"
+#include "ReportBadges.h"
 #include "Tones.h"
 
 #include <QDirIterator>
@@ -50,6 +51,23 @@ private Q_SLOTS:
         QVERIFY(named.size() > 50);
         for (const QString &name : named)
             QVERIFY2(Symbols::names().contains(name), qPrintable(name));
+    }
+
+    /// An application looks the same on the screen and in the PDF, but for a receipt of mere acquisition.
+    void tonesAreThoseOnPaper()
+    {
+        const auto compare = [](const QString &state, const Tone &tone, const ReportBadge &badge) {
+            QVERIFY2(tone.text == badge.text && tone.fill == badge.fill, qPrintable(state));
+        };
+        using State = AppLicenseEvidenceState;
+        for (int place = 0; place <= static_cast<int>(State::explicitUnlicensed); ++place) {
+            const auto state = static_cast<State>(place);
+            const QString word = rawValue(state);
+            if (state != State::acquisitionReceipt)
+                compare(word, Tones::licence(word), MacReportPDF::licenseEvidenceBadge(state, false));
+        }
+        for (const QString &status : {u"valid"_s, u"invalid"_s, u"unsigned"_s, u"ad-hoc"_s, u"detected"_s})
+            compare(status, Tones::signature(status), MacReportPDF::signatureBadge(status, false));
     }
 };
 

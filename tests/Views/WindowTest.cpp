@@ -2,7 +2,6 @@
 #include "ReportFonts.h"
 
 #include <QImage>
-#include <QPainter>
 #include <QQuickWindow>
 #include <QRegularExpression>
 #include <QTest>
@@ -62,15 +61,12 @@ private Q_SLOTS:
                 sight &= place;
             if (item.inherits("Tavelo::SymbolIcon") && sight.contains(place)) {
                 const QString symbol = item.property("symbol").toString();
-                const QColor color = item.property("color").value<QColor>();
-                QImage expected = picture.copy(place);
-                const QRgb ground = expected.pixel(0, 0);
-                expected.fill(ground);
-                QPainter(&expected).fillRect(expected.rect(), color);
+                const QRgb color = item.property("color").value<QColor>().rgb();
+                const QRgb ground = picture.pixel(place.topLeft());
                 int ink = 0;
                 for (int y = place.top(); y <= place.bottom(); ++y) {
                     for (int x = place.left(); x <= place.right(); ++x)
-                        ink += apart(picture.pixel(x, y), expected.pixel(0, 0)) < apart(picture.pixel(x, y), ground);
+                        ink += apart(picture.pixel(x, y), color) < apart(picture.pixel(x, y), ground);
                 }
                 QVERIFY2(ink >= 6, qPrintable(symbol));
                 QVERIFY2(item.width() >= item.implicitWidth() && item.height() >= item.implicitHeight(),
@@ -228,7 +224,6 @@ private Q_SLOTS:
                 pass(1);
         }
         pass(100);
-        QCOMPARE(model().logLines()->rowCount(), 500);
         QVERIFY(find(u"log-list"_s)->property("atYEnd").toBool());
         QCOMPARE(find(u"log-list"_s)->property("count").toInt(), 500);
         click(u"log-button"_s);
