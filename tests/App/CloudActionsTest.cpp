@@ -59,9 +59,7 @@ private Q_SLOTS:
             transcript += u"== %1\n%2\n\n"_s.arg(title, model.take().join(u'\n'));
         };
         scene(u"sync"_s, [&] { model->syncCatalog(); });
-        QCOMPARE(model->catalogItems().size(), Catalog::items().size() - 1);
         scene(u"organisation"_s, [&] { model->businessDeviceConfig(u"update"_s, u"Kế toán"_s, u"A-1"_s); });
-        QCOMPARE(model->catalogItems().size(), 2);
         scene(u"workspace"_s, [&] { model->syncTechnicianWorkspace(); });
         scene(u"branding"_s, [&] { model->updateTechnicianBranding(u"Cửa hàng"_s); });
         scene(u"profile"_s, [&] { model->saveTechnicianProfile(u"Chuẩn"_s, u" "_s); });

@@ -1,6 +1,7 @@
-// Start-up, timers, language and end of the view model, over a simulated Mac with real processes.
+// Start-up, operations on items, timers, language and end of the view model, over a simulated Mac with real processes.
 
 #include "Catalog.h"
+#include "Golden.h"
 #include "UserDefaults.h"
 #include "WatchedViewModel.h"
 #include "Workshop.h"
@@ -133,6 +134,175 @@ private Q_SLOTS:
         model->revealReport();
         model.settle();
         QCOMPARE(mac.takeCalls(), QStringList({u"open https://brew.sh"_s, u"open -R '%1'"_s.arg(model->reportPath())}));
+    }
+
+    void operations()
+    {
+        const SmallMac mac;
+        WatchedViewModel model(mac.services());
+        QString transcript;
+        const auto scene = [&](const QString &title) {
+            transcript += u"== %1\n%2\n\n"_s.arg(title, model.settled().join(u'\n'));
+        };
+        const auto breakTool = [&](const QString &tool, const QStringList &how) {
+            mac.furnish(u"break-tool"_s, QStringList{tool} + how);
+        };
+        const AppItem vlc = catalogItem(u"vlc"_s);
+        model.settled();
+        model->performPrimaryAction(vlc);
+        model->install(vlc);
+        scene(u"install, and again while it runs"_s);
+        model->performPrimaryAction(vlc);
+        scene(u"open"_s);
+        model->open(catalogItem(u"printer-drivers"_s)); // of which the backend tells progress
+        scene(u"open a part of macOS"_s);
+        breakTool(u"open"_s, {u"--status"_s, u"1"_s});
+        model->open(vlc);
+        scene(u"open, which fails"_s);
+        model->askToUninstall(vlc);
+        model->confirmUninstall(vlc);
+        scene(u"remove"_s);
+        breakTool(u"brew"_s, {u"--status"_s, u"1"_s, u"--when"_s, u"vlc"_s});
+        model->install(vlc);
+        scene(u"install, which fails"_s);
+        model->installStandard();
+        scene(u"standard set, in which one fails"_s);
+        model->performPrimaryAction(catalogItem(u"scanner-tools"_s));
+        scene(u"what cannot be opened"_s);
+        breakTool(u"brew"_s, {u"--mend"_s});
+        model->install(vlc);
+        scene(u"install, after it failed"_s);
+        model->refreshStatuses(true);
+        scene(u"refresh"_s);
+        QCOMPARE(differencesFromGolden(u"view-model-operations.txt"_s, transcript.toUtf8()), QByteArray());
+    }
+
+    void presets()
+    {
+        const SmallMac empty("");
+        WatchedViewModel none(empty.services());
+        none.settle();
+        none->installFull();
+        none.settle();
+        QCOMPARE(none->currentAction(), u"Finished preset all items: 0 succeeded, 0 failed"_s);
+        QCOMPARE(none->toast().text, u"Finished preset all items"_s);
+
+        // Left out: what the system is too old for, what is not supported, and what would be installed twice.
+        const ProgramOnAMac old({u"--macos"_s, u"13.6"_s, u"--without-homebrew"_s});
+        WatchedViewModel model(old.services());
+        model.settled();
+        model->installFull();
+        const QString plan = model.settled().filter(u"log: "_s).value(0);
+        QVERIFY(plan.startsWith(u"log: Preset all items: libreoffice, ibus-unikey, "));
+        QVERIFY(plan.endsWith(u", ocrmypdf, keepassxc, gnome-disks."));
+        QCOMPARE(plan.count(u',') + 1, Catalog::uniqueInstallItems(Catalog::items()).size() - 3);
+    }
+
+    /// A running operation refuses another without a word, a demanded update with its words, which come first.
+    void locks()
+    {
+        const SmallMac mac;
+        WatchedViewModel model(mac.services(), u"/brew"_s);
+        model.launcher().letPass(2);
+        const AppItem vlc = catalogItem(u"vlc"_s);
+        QTRY_VERIFY_WITH_TIMEOUT(
+            model->currentAction() == u"Status refreshed" && model->coreReadinessLabel() != u"CHECK", 20000);
+        model->install(vlc);
+        model->askToUninstall(vlc);
+        QTRY_COMPARE_WITH_TIMEOUT(model.launcher().arrived, 3, 20000);
+        QCoreApplication::processEvents();
+        model.take();
+        model->install(vlc);
+        model->open(vlc);
+        model->installFull();
+        model->performPrimaryAction(vlc);
+        QCOMPARE(model.take(), QStringList());
+        model->confirmUninstall(vlc);
+        QCOMPARE(model.take(), QStringList(u"pendingUninstall = "_s));
+        model->setShowLogDrawer(false);
+        model->askToUninstall(vlc);
+        model->openAuditWorkspace();
+        model.take();
+
+        QCOMPARE(model.network().waiting.size(), 1);
+        model.network().answer(
+            R"({"update_required": "yes", "latest_version": "9.0", "message": "", "title": "Please update",
+                "download_url": "https://elsewhere.example/a.dmg"})");
+        QTRY_VERIFY_WITH_TIMEOUT(model->updateRequired(), 20000);
+        QCOMPARE(model->updateMessage(), u"Install Tavelo Deskrig 9.0 or newer to continue."_s);
+        QCOMPARE(model.take(),
+                 QStringList({u"updateRequired = true"_s, u"currentAction = Update required before continuing"_s,
+                              u"log: Release policy yêu cầu update trước khi dùng tiếp."_s,
+                              u"toast = warning: Please update"_s}));
+        const QStringList refusal{u"toast = warning: Install the update to continue."_s};
+        QCoreApplication::processEvents(); // the scan that waited for its screen
+        QCOMPARE(model.take(),
+                 QStringList({u"cloudOutput = Install Tavelo Deskrig 9.0 or newer to continue."_s}) + refusal);
+        model->confirmUninstall(vlc);
+        QCOMPARE(model.take(), QStringList(u"pendingUninstall = "_s) + refusal);
+        const std::function<void()> actions[] = {[&] { model->install(vlc); },
+                                                 [&] { model->askToUninstall(vlc); },
+                                                 [&] { model->installStandard(); },
+                                                 [&] { model->installFull(); },
+                                                 [&] { model->performPrimaryAction(vlc); },
+                                                 [&] { model->openAuditWorkspace(); },
+                                                 [&] { model->scanMac(); },
+                                                 [&] { model->openReport(); },
+                                                 [&] { model->syncCatalog(); },
+                                                 [&] { model->uploadReport(); },
+                                                 [&] { model->businessDeviceConfig({}, {}, {}); },
+                                                 [&] { model->syncTechnicianWorkspace(); },
+                                                 [&] { model->updateTechnicianBranding({}); },
+                                                 [&] { model->saveTechnicianProfile({}, {}); }};
+        for (const auto &action : actions) {
+            action();
+            QCOMPARE(model.take(), refusal);
+        }
+        // Browsing stays open, and the operation goes on; what it says opens the log once more.
+        model->performPrimaryAction(catalogItem(u"deja-dup"_s));
+        QCOMPARE(model.take(), QStringList({u"activeSheet = item-deja-dup"_s,
+                                            u"toast = warning: This item is not supported on macOS"_s}));
+        model.settled();
+        QVERIFY(model->showLogDrawer());
+        QCOMPARE(model->currentAction(), u"Finished VLC"_s);
+        model->openReleaseDownload();
+        QCOMPARE(model->toast().text, u"Update download link is unavailable."_s);
+    }
+
+    /// An operation and a scan run beside one another, whichever came first, and beside a sync and a change of
+    /// language.
+    void besideOneAnother()
+    {
+        const AppItem vlc = catalogItem(u"vlc"_s);
+        const AppStrings japanese(AppLanguage::japanese);
+        for (const bool scanFirst : {true, false}) {
+            const SmallMac mac;
+            WatchedViewModel model(mac.services(), u"/brew"_s);
+            HeldTransport &network = model.network();
+            model.launcher().letPass(2);
+            QTRY_COMPARE_WITH_TIMEOUT(model->currentAction(), u"Status refreshed"_s, 20000);
+            if (scanFirst)
+                model->scanMac();
+            model->install(vlc);
+            if (!scanFirst)
+                model->scanMac();
+            model->syncCatalog();
+            QTRY_COMPARE_WITH_TIMEOUT(network.waiting.size(), 2, 20000);
+            network.answer("{}"); // the policy
+            network.answer(R"([{"item_id": "deja-dup", "is_active": false}])");
+            QTRY_COMPARE_WITH_TIMEOUT(model->catalogItems().size(), 4, 20000);
+            model->setLanguage(AppLanguage::japanese);
+            QCOMPARE(model->operationSummaryText(), japanese.operationSummary(0, 1));
+            QVERIFY(model->isInstalling() && model->isReportRefreshing());
+            QTRY_COMPARE_WITH_TIMEOUT(model.launcher().arrived, 5, 20000); // and the look after the sync
+            const QStringList published = model.settled();
+            QVERIFY(mac.exists(u"/Applications/VLC.app"_s));
+            QCOMPARE(model->cloudOutput(),
+                     u"Đã đồng bộ 1 app từ Supabase."_s); // which is in no language of the interface
+            QVERIFY(model->hasReportSnapshot() && !model->isInstalling() && !model->isReportRefreshing());
+            QVERIFY(published.contains(u"toast = success: "_s + japanese.processed(japanese.itemName(vlc))));
+            QCOMPARE(model->operationSummaryText(), japanese.operationSummary(1, 1));
+        }
     }
 
     /// At whatever moment the view model goes, nothing crashes and the work under way comes to its end.

@@ -36,8 +36,6 @@ private Q_SLOTS:
         QCOMPARE(model().selectedGroupID(), u"media"_s);
         QVERIFY(of(find(u"group-media"_s))->state().selected);
         QVERIFY(!of(find(u"group-office"_s))->state().selected);
-        press(u"log-button"_s);
-        QVERIFY(model().showLogDrawer());
         press(u"settings-button"_s);
         QCOMPARE(model().activeSheet().kind(), SheetKind::settings);
     }

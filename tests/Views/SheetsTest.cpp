@@ -41,10 +41,8 @@ private Q_SLOTS:
         keyAndSettle(Qt::Key_Escape);
         QCOMPARE(model().sheetKind(), SheetKind::none);
         open();
-        QCOMPARE(model().reportProfile(), (MacReportProfile{.inspectorName = u"An"_s,
-                                                            .team = u"Team"_s,
-                                                            .subject = u"macOS software inventory report"_s,
-                                                            .notes = u"Fine"_s}));
+        QCOMPARE(model().reportProfile().json(), R"({"inspectorName":"An","team":"Team","recipient":"",)"
+                                                 R"("subject":"macOS software inventory report","notes":"Fine"})");
     }
 
     void asksBeforeItReplacesAFile()
