@@ -101,6 +101,8 @@ private Q_SLOTS:
         QCOMPARE(model->coreReadinessDetail(), CoreReadiness::of(model->latestChecks()->checks(), japanese).detail);
         model->setLanguage(AppLanguage::korean);
         QCOMPARE(model->cloudOutput(), AppStrings(AppLanguage::korean).text(AppI18nKey::noDeviceData));
+        model->selectGroup(u"microsoft"_s);
+        QCOMPARE(model->filteredItems()->rowCount(), 2);
     }
 
     void smallActionsAndTheirToasts()
