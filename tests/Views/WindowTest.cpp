@@ -250,22 +250,6 @@ private Q_SLOTS:
         }
     }
 
-    void doesTheSameByKeyboardAndMouse()
-    {
-        mac().furnish(u"break-tool"_s, {u"brew"_s, u"--status"_s, u"1"_s});
-        openAndSettle();
-        mac().takeCalls();
-        clickAndSettle(u"install-ibus-unikey"_s);
-        const QStringList opened = mac().takeCalls();
-        QCOMPARE(opened.filter(u"open "_s).size(), 1);
-        find(u"install-ibus-unikey"_s)->forceActiveFocus(Qt::TabFocusReason);
-        keyAndSettle(Qt::Key_Space);
-        QCOMPARE(mac().takeCalls(), opened);
-        find(u"install-full-button"_s)->forceActiveFocus(Qt::TabFocusReason);
-        keyAndSettle(Qt::Key_Return);
-        QCOMPARE(model().logLines()->lines().filter(u"] Preset all items: "_s).size(), 1);
-    }
-
 private:
     QList<QSize> m_shown; ///< The window's size at the moment it shows.
     bool eventFilter(QObject *watched, QEvent *event) override
