@@ -134,8 +134,7 @@ private Q_SLOTS:
     {
         const TemporaryMac mac;
         const RunningCloud untrusted;
-        RunningCloud misnamed;
-        misnamed.restart({u"--name"_s, u"elsewhere.example"_s});
+        const RunningCloud misnamed{{u"--name"_s, u"elsewhere.example"_s}};
         misnamed.trust();
         const auto sentence = [&](const QString &url) {
             return DrivenClient(mac.services(), url).perform(u"workspace"_s).message.section(u": "_s, 1);
@@ -213,27 +212,21 @@ private Q_SLOTS:
         QCOMPARE(received, 4);
     }
 
+    /// A background task may start an action and wait, while the main loop does the work.
     void startedOnAnotherThread()
     {
         const TemporaryMac mac;
         const DrivenClient cloud(mac.services(), m_cloud.url());
         m_cloud.disturb(u"{}"_s);
-        QThread *continuedOn = nullptr;
-        QFuture<CloudResult> started;
-        std::thread([&] { started = cloud.client.syncTechnicianWorkspace(); }).join();
-        const auto done = started.then(this, [&](const CloudResult &) { continuedOn = QThread::currentThread(); });
-        QTRY_VERIFY(done.isFinished());
-        QCOMPARE(continuedOn, QThread::currentThread());
-        // A background task may also wait, while the main loop does the work.
-        QString message;
+        CloudResult result;
         std::atomic<bool> ended = false;
         std::thread waiting([&] {
-            message = cloud.client.syncTechnicianWorkspace().result().message;
+            result = cloud.client.syncTechnicianWorkspace().result();
             ended = true;
         });
         QTRY_VERIFY(ended);
         waiting.join();
-        QCOMPARE(message, started.result().message);
+        QVERIFY(result.ok);
     }
 
     void unwritableCacheKeepsTheEarlierOne()

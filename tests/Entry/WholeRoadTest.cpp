@@ -34,12 +34,11 @@ QStringList rests(const QString &text, const QString &beginning)
     return rests;
 }
 
-/// The status and the streams of a run, as "STATUS: LAST LINE; FAILED ITEMS", with what no run may leave behind it.
+/// The end of a run as "STATUS: FAILED ITEMS", with what no run may leave behind it.
 QString ending(const ProgramOnAMac &mac, const ProgramOnAMac::Outcome &outcome)
 {
-    return u"%1: %2; %3%4%5"_s.arg(outcome.status)
-        .arg(outcome.output.trimmed().section(u'\n', -1), rests(outcome.output, u"] Thất bại: "_s).join(u", "_s),
-             outcome.errors, mac.leftovers().join(u' '));
+    return u"%1: %2"_s.arg(outcome.status).arg(rests(outcome.output, u"] Thất bại: "_s).join(u", "_s)) +
+           outcome.errors + mac.leftovers().join(u' ');
 }
 
 /// The report that a check writes, without what differs from one moment to the next.
@@ -143,8 +142,8 @@ private Q_SLOTS:
         const QString full = u"--preset full --yes"_s;
         const auto first = mac.run(full);
         const auto planned = first.output.count(u"\n- "_s);
-        QCOMPARE(ending(mac, first),
-                 u"1: Hoàn tất: %1 thành công, 3 lỗi.; Thunderbird, Telegram Desktop, Slack"_s.arg(planned - 3));
+        QCOMPARE(ending(mac, first), u"1: Thunderbird, Telegram Desktop, Slack"_s);
+        QVERIFY(first.output.endsWith(u"\nHoàn tất: %1 thành công, 3 lỗi.\n"_s.arg(planned - 3)));
         QCOMPARE(halfInstalled(mac), QStringList());
         const QStringList before = report(mac);
         const QString missing = u"- Thunderbird [thunderbird]: Chưa cài\n"
@@ -155,7 +154,9 @@ private Q_SLOTS:
         for (const QStringList &download : genuine)
             mac.furnish(u"set-download"_s, download);
         mac.takeCalls();
-        QCOMPARE(ending(mac, mac.run(full)), u"0: Hoàn tất: %1 thành công, 0 lỗi.; "_s.arg(planned));
+        const auto second = mac.run(full);
+        QCOMPARE(ending(mac, second), u"0: "_s);
+        QVERIFY(second.output.endsWith(u"\nHoàn tất: %1 thành công, 0 lỗi.\n"_s.arg(planned)));
         const QStringList calls = mac.takeCalls();
         QCOMPARE(calls.filter(u"brew install"_s), QStringList());
         QCOMPARE(calls.filter(QRegularExpression(u"^ditto "_s)).size(), 3);
@@ -199,23 +200,16 @@ private Q_SLOTS:
         for (const Row &row : rows) {
             const QString tool = QString::fromLatin1(row.tool), failed = QString::fromUtf8(row.failed);
             const QString arguments = u"--preset %1 --yes"_s.arg(QString::fromLatin1(row.preset));
-            const qsizetype total = arguments.contains(u"minimal") ? 8 : 13;
-            const qsizetype failures = failed.split(u", "_s, Qt::SkipEmptyParts).size();
             for (const char *option : row.ways) {
                 const QString way = QString::fromLatin1(option), name = tool + u' ' + way + u": "_s;
-                expected += name + u"%1: Hoàn tất: %2 thành công, %3 lỗi.; %4; 0: Hoàn tất: %5 thành công, 0 lỗi.; "_s
-                                       .arg(failures ? 1 : 0)
-                                       .arg(total - failures)
-                                       .arg(failures)
-                                       .arg(failed)
-                                       .arg(total);
+                expected += name + (failed.isEmpty() ? u"0: "_s : u"1: "_s) + failed + u"; ; 0: "_s;
                 trials.emplace_back([=] {
                     const ProgramOnAMac mac;
                     breakTool(mac, tool, way);
                     const QString broken = ending(mac, mac.run(arguments));
                     mendTool(mac, tool);
                     const QString half = halfInstalled(mac).join(u' ');
-                    return name + broken + half + u"; "_s + ending(mac, mac.run(arguments));
+                    return name + broken + u"; "_s + half + u"; "_s + ending(mac, mac.run(arguments));
                 });
             }
         }

@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstdlib>
+#include <functional>
 #include <string>
 
 #include <dlfcn.h>
@@ -24,7 +25,6 @@ using Tavelo::FaultyDisk;
 
 struct State {
     std::string folder;
-    std::string spared;
     FaultyDisk::Fault fault;
     std::atomic<int> count = 0;
 };
@@ -41,7 +41,8 @@ Function *next(const char *name)
 std::string pathOf(int descriptor)
 {
     char path[4096];
-    const ssize_t length = ::readlink(("/proc/self/fd/" + std::to_string(descriptor)).c_str(), path, sizeof path);
+    const ssize_t length =
+        current ? ::readlink(("/proc/self/fd/" + std::to_string(descriptor)).c_str(), path, sizeof path) : 0;
     return {path, static_cast<size_t>(std::max<ssize_t>(length, 0))};
 }
 
@@ -51,11 +52,11 @@ std::string pathIn(int folder, const char *path)
 }
 
 /// Counts the call. Gives the error that it is to end with, or 0; `half` is done before that.
-template <typename Half>
-int failure(const std::string &path, Need need, const Half &half)
+int failure(
+    const std::string &path, Need need = Need::nothing, const std::function<void()> &half = [] {})
 {
     State *state = current;
-    if (!state || !path.starts_with(state->folder) || (!state->spared.empty() && path.starts_with(state->spared)))
+    if (!state || !path.starts_with(state->folder))
         return 0;
     const auto [kind, code, at] = state->fault;
     const int number = ++state->count;
@@ -68,26 +69,24 @@ int failure(const std::string &path, Need need, const Half &half)
     return code;
 }
 
-int failure(const std::string &path, Need need = Need::nothing)
-{
-    return failure(path, need, [] {});
-}
-
-/// The call with these arguments, unless it is to fail.
-template <typename Function, typename... Arguments>
-auto unlessFailing(int code, Function *function, Arguments... arguments)
+/// The C library's own call with these arguments, unless it is to fail.
+template <typename... Arguments>
+int unlessFailing(int code, const char *name, Arguments... arguments)
 {
     if (code == 0)
-        return function(arguments...);
+        return next<int(Arguments...)>(name)(arguments...);
     errno = code;
-    return static_cast<decltype(function(arguments...))>(-1);
+    return -1;
 }
 
 int openIn(int folder, const char *path, int flags, va_list arguments)
 {
     const mode_t mode = flags & (O_CREAT | __O_TMPFILE) ? va_arg(arguments, mode_t) : 0;
-    const int code = current ? failure(pathIn(folder, path), flags & O_CREAT ? Need::space : Need::nothing) : 0;
-    return unlessFailing(code, next<int(int, const char *, int, ...)>("openat"), folder, path, flags, mode);
+    const int code = failure(pathIn(folder, path), flags & O_CREAT ? Need::space : Need::nothing);
+    if (code == 0)
+        return next<int(int, const char *, int, ...)>("openat")(folder, path, flags, mode);
+    errno = code;
+    return -1;
 }
 
 } // namespace
@@ -95,10 +94,9 @@ int openIn(int folder, const char *path, int flags, va_list arguments)
 namespace Tavelo
 {
 
-FaultyDisk::FaultyDisk(const QString &folder, const Fault &fault, const QString &spared)
+FaultyDisk::FaultyDisk(const QString &folder, const Fault &fault)
 {
-    const auto real = [](const QString &path) { return QFile::encodeName(path).toStdString(); };
-    current = new State{real(folder), real(spared), fault};
+    current = new State{QFile::encodeName(folder).toStdString(), fault};
 }
 
 FaultyDisk::~FaultyDisk()
@@ -138,65 +136,63 @@ int openat(int folder, const char *path, int flags, ...)
 
 int mkstemp(char *path)
 {
-    return unlessFailing(current ? failure(path, Need::space) : 0, next<int(char *)>("mkstemp"), path);
+    return unlessFailing(failure(path, Need::space), "mkstemp", path);
 }
 
 ssize_t write(int descriptor, const void *bytes, size_t size)
 {
     auto *real = next<ssize_t(int, const void *, size_t)>("write");
-    const int code = current ? failure(pathOf(descriptor), Need::space,
-                                       [&] { [[maybe_unused]] const auto done = real(descriptor, bytes, size / 2); })
-                             : 0;
-    return unlessFailing(code, real, descriptor, bytes, size);
+    const int code = failure(pathOf(descriptor), Need::space,
+                             [&] { [[maybe_unused]] const auto done = real(descriptor, bytes, size / 2); });
+    if (code == 0)
+        return real(descriptor, bytes, size);
+    errno = code;
+    return -1;
 }
 
 int fsync(int descriptor)
 {
-    return unlessFailing(current ? failure(pathOf(descriptor), Need::space) : 0, next<int(int)>("fsync"), descriptor);
+    return unlessFailing(failure(pathOf(descriptor), Need::space), "fsync", descriptor);
 }
 
 int close(int descriptor)
 {
-    auto *real = next<int(int)>("close");
-    const int code = current ? failure(pathOf(descriptor), Need::nothing, [&] { real(descriptor); }) : 0;
-    return unlessFailing(code, real, descriptor);
+    const auto closing = [&] { unlessFailing(0, "close", descriptor); };
+    return unlessFailing(failure(pathOf(descriptor), Need::nothing, closing), "close", descriptor);
 }
 
 int fchmod(int descriptor, mode_t mode) noexcept
 {
-    return unlessFailing(current ? failure(pathOf(descriptor)) : 0, next<int(int, mode_t)>("fchmod"), descriptor, mode);
+    return unlessFailing(failure(pathOf(descriptor)), "fchmod", descriptor, mode);
 }
 
 int chmod(const char *path, mode_t mode) noexcept
 {
-    return unlessFailing(current ? failure(path) : 0, next<int(const char *, mode_t)>("chmod"), path, mode);
+    return unlessFailing(failure(path), "chmod", path, mode);
 }
 
 int fchmodat(int folder, const char *path, mode_t mode, int flags) noexcept
 {
-    return unlessFailing(current ? failure(pathIn(folder, path)) : 0,
-                         next<int(int, const char *, mode_t, int)>("fchmodat"), folder, path, mode, flags);
+    return unlessFailing(failure(pathIn(folder, path)), "fchmodat", folder, path, mode, flags);
 }
 
 int rename(const char *from, const char *to) noexcept
 {
-    return unlessFailing(current ? failure(to) : 0, next<int(const char *, const char *)>("rename"), from, to);
+    return unlessFailing(failure(to), "rename", from, to);
 }
 
 int mkdir(const char *path, mode_t mode) noexcept
 {
-    return unlessFailing(current ? failure(path, Need::space) : 0, next<int(const char *, mode_t)>("mkdir"), path,
-                         mode);
+    return unlessFailing(failure(path, Need::space), "mkdir", path, mode);
 }
 
 int unlink(const char *path) noexcept
 {
-    return unlessFailing(current ? failure(path) : 0, next<int(const char *)>("unlink"), path);
+    return unlessFailing(failure(path), "unlink", path);
 }
 
 int unlinkat(int folder, const char *path, int flags) noexcept
 {
-    return unlessFailing(current ? failure(pathIn(folder, path)) : 0, next<int(int, const char *, int)>("unlinkat"),
-                         folder, path, flags);
+    return unlessFailing(failure(pathIn(folder, path)), "unlinkat", folder, path, flags);
 }
 }

@@ -25,8 +25,7 @@ public:
         int at;   ///< From 1.
     };
 
-    /// Calls below `spared` are passed over, where it is given.
-    FaultyDisk(const QString &folder, const Fault &fault, const QString &spared = {});
+    FaultyDisk(const QString &folder, const Fault &fault);
     ~FaultyDisk();
     Q_DISABLE_COPY_MOVE(FaultyDisk)
 
