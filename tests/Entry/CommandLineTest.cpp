@@ -153,7 +153,7 @@ private Q_SLOTS:
 
     void reportThatCannotBeWritten()
     {
-        ProgramOnAMac mac({u"--without-homebrew"_s});
+        ProgramOnAMac mac;
         mac.environment.insert(u"TAVELO_MAC_REPORT_FILE"_s, u"/Users/Shared"_s);
         const auto outcome = mac.run(u"--check"_s);
         QCOMPARE(outcome.status, 1);

@@ -10,7 +10,6 @@
 #include <cerrno>
 #include <cstdarg>
 #include <cstdlib>
-#include <functional>
 #include <string>
 
 #include <dlfcn.h>
@@ -48,12 +47,15 @@ std::string pathOf(int descriptor)
 
 std::string pathIn(int folder, const char *path)
 {
+    if (!current) // then nothing is allocated, as right after a fork
+        return {};
     return *path == '/' ? path : folder == AT_FDCWD ? std::string() : pathOf(folder) + '/' + path;
 }
 
 /// Counts the call. Gives the error that it is to end with, or 0; `half` is done before that.
+template <typename Half = void (*)()>
 int failure(
-    const std::string &path, Need need = Need::nothing, const std::function<void()> &half = [] {})
+    const std::string &path, Need need = Need::nothing, const Half &half = [] {})
 {
     State *state = current;
     if (!state || !path.starts_with(state->folder))
@@ -69,24 +71,24 @@ int failure(
     return code;
 }
 
+int failing(int code)
+{
+    errno = code;
+    return -1;
+}
+
 /// The C library's own call with these arguments, unless it is to fail.
 template <typename... Arguments>
 int unlessFailing(int code, const char *name, Arguments... arguments)
 {
-    if (code == 0)
-        return next<int(Arguments...)>(name)(arguments...);
-    errno = code;
-    return -1;
+    return code != 0 ? failing(code) : next<int(Arguments...)>(name)(arguments...);
 }
 
 int openIn(int folder, const char *path, int flags, va_list arguments)
 {
     const mode_t mode = flags & (O_CREAT | __O_TMPFILE) ? va_arg(arguments, mode_t) : 0;
     const int code = failure(pathIn(folder, path), flags & O_CREAT ? Need::space : Need::nothing);
-    if (code == 0)
-        return next<int(int, const char *, int, ...)>("openat")(folder, path, flags, mode);
-    errno = code;
-    return -1;
+    return code != 0 ? failing(code) : next<int(int, const char *, int, ...)>("openat")(folder, path, flags, mode);
 }
 
 } // namespace
@@ -144,10 +146,7 @@ ssize_t write(int descriptor, const void *bytes, size_t size)
     auto *real = next<ssize_t(int, const void *, size_t)>("write");
     const int code = failure(pathOf(descriptor), Need::space,
                              [&] { [[maybe_unused]] const auto done = real(descriptor, bytes, size / 2); });
-    if (code == 0)
-        return real(descriptor, bytes, size);
-    errno = code;
-    return -1;
+    return code != 0 ? failing(code) : real(descriptor, bytes, size);
 }
 
 int fsync(int descriptor)
