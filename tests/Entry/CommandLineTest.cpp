@@ -26,8 +26,7 @@ ProgramOnAMac::Outcome runInShell(const ProgramOnAMac &mac, const QString &line,
     QProcess shell;
     shell.setProcessEnvironment(mac.environment);
     shell.start(u"/bin/sh"_s, QStringList({u"-c"_s, line, u"sh"_s, ProgramOnAMac::program()}) + arguments);
-    shell.waitForFinished(120000);
-    return {shell.exitCode(), QString::fromUtf8(shell.readAllStandardOutput()),
+    return {shell.waitForFinished(120000) ? shell.exitCode() : -1, QString::fromUtf8(shell.readAllStandardOutput()),
             QString::fromUtf8(shell.readAllStandardError())};
 }
 
@@ -45,7 +44,8 @@ private Q_SLOTS:
         QCOMPARE(outcome.status, 0);
         QCOMPARE(outcome.errors, QString());
         QVERIFY(outcome.output.startsWith(u"Tavelo Deskrig macOS native CLI\n\nUsage:\n"));
-        QCOMPARE(outcome.output.count(QRegularExpression(u"\\n  --[^ ].{21} [^ ].*(?=\\n)"_s)), 6);
+        QCOMPARE(outcome.output.count(QRegularExpression(u"\\n  --[^ ].{20} [^ ].*(?=\\n)"_s)), 6);
+        QVERIFY(outcome.output.contains(u" minimal, standard or full.\n"));
         QVERIFY2(!mac.exists(u"/Users/technician/Library/Logs"_s), "help leaves no trace");
     }
 
