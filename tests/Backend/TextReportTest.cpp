@@ -67,19 +67,11 @@ private Q_SLOTS:
         TextReportFacts unknown;
         unknown.time = QDateTime({2026, 1, 2}, {3, 4, 5});
         unknown.locale = QLocale(QLocale::Arabic, QLocale::Egypt);
-        for (const auto &[language, none] : {std::pair(AppLanguage::english, u"- None detected."_s),
-                                             {AppLanguage::vietnamese, u"- Không phát hiện."_s},
-                                             {AppLanguage::korean, u"- 감지되지 않음."_s},
-                                             {AppLanguage::japanese, u"- 検出なし。"_s},
-                                             {AppLanguage::chinese, u"- 未检测到。"_s}}) {
-            const QString text = textReport(everyFact(), language), name = u"report-%1.txt"_s.arg(rawValue(language));
-            const QByteArray differences = differencesFromGolden(name, text.toUtf8());
+        for (const AppLanguage language : AppLanguages::supported()) {
+            const QString text = textReport(everyFact(), language) + textReport(unknown, language);
+            const QByteArray differences =
+                differencesFromGolden(u"report-%1.txt"_s.arg(rawValue(language)), text.toUtf8());
             QVERIFY2(differences.isEmpty(), differences);
-            QVERIFY(!text.contains(none));
-            const QString bare = textReport(unknown, language);
-            QVERIFY(bare.contains(u": ٢٠٢٦-٠١-٠٢ ٠٣:٠٤:٠٥\nHostname: unknown\nHardware model: —\nModel identifier: —\n"
-                                  "Chip: —\nMemory: —\nmacOS version: \nArchitecture: \nHomebrew: not found\n"_s));
-            QVERIFY(bare.contains(u":\n\n"_s + text.section(u'\n', 18, 18) + u'\n' + none + u"\n\n"_s));
         }
     }
 

@@ -50,26 +50,19 @@ class ReceiptTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void readsOneNode_data()
-    {
-        columns<QString, int, QString>("hex", "index", "node"); // "tag start end", or empty
-        row("second sibling", "0c01610c0162", 3, "12 5 6");
-        row("no content", "0500", 0, "5 2 2");
-        row("long form of a short length", "048400000001aa", 0, "4 6 7");
-        row("content cut short", "0c0361", 0, "");
-        row("indefinite", "308000000000", 0, "");
-        row("five bytes of length", "30850000000000", 0, "");
-        row("length bytes cut short", "308201", 0, "");
-        row("huge length", "3084ffffffff00", 0, "");
-        row("one byte left", "050005", 2, "");
-    }
-
     void readsOneNode()
     {
-        QFETCH(QString, hex);
-        QFETCH(int, index);
-        const std::optional<ReceiptDER::Node> node = ReceiptDER::node(QByteArray::fromHex(hex.toLatin1()), index);
-        QTEST(node ? u"%1 %2 %3"_s.arg(node->tag).arg(node->contentStart).arg(node->contentEnd) : QString(), "node");
+        const auto node = [](const char *hex, int index) { // as "tag start end", or empty
+            const auto read = ReceiptDER::node(QByteArray::fromHex(hex), index);
+            return read ? u"%1 %2 %3"_s.arg(read->tag).arg(read->contentStart).arg(read->contentEnd) : QString();
+        };
+        QCOMPARE(node("0c01610c0162", 3), u"12 5 6"_s);
+        QCOMPARE(node("0500", 0), u"5 2 2"_s);
+        QCOMPARE(node("050005", 2), QString());
+        QCOMPARE(node("048400000001aa", 0), u"4 6 7"_s); // the long form of a short length
+        // Content cut short; a length that is indefinite, of five bytes, cut short, huge.
+        for (const char *none : {"0c0361", "308000000000", "30850000000000", "308201", "3084ffffffff00"})
+            QVERIFY2(node(none, 0).isEmpty(), none);
     }
 
     void findsAttributes_data()
@@ -132,11 +125,11 @@ private Q_SLOTS:
                 reason.isEmpty() ? Kind::verified : Kind::integrityVerified, reason);
 
         row("another root", good, ReceiptSecurity::appleRootFingerprint(), Kind::integrityVerified, noChain);
-        for (const auto &[name, options] : {std::pair("no mark of signers", A::Options{.signerMark = false}),
-                                            std::pair("no mark of issuers", A::Options{.issuerMark = false}),
-                                            std::pair("no issuer between", A::Options{.issuer = false})}) {
-            const A other(options);
-            row(name, other.sign(payload), other.rootFingerprint(), Kind::integrityVerified, noChain);
+        using enum A::Missing;
+        for (const A::Missing missing : {signerMark, issuerMark, issuer}) {
+            const A other(missing);
+            row(qPrintable(u"chain without %1"_s.arg(int(missing))), other.sign(payload), other.rootFingerprint(),
+                Kind::integrityVerified, noChain);
         }
     }
 

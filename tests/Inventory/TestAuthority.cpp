@@ -63,19 +63,17 @@ struct TestAuthority::Chain {
     }
 };
 
-TestAuthority::TestAuthority() : TestAuthority(Options()) {}
-
-TestAuthority::TestAuthority(const Options &options) : m_chain(std::make_unique<Chain>())
+TestAuthority::TestAuthority(Missing missing) : m_chain(std::make_unique<Chain>())
 {
     Chain &chain = *m_chain;
     EVP_PKEY *const rootKey = chain.rootKey.get();
     chain.root = Chain::certificate("Root", rootKey, nullptr, rootKey, nullptr);
     chain.issuer = Chain::certificate("Issuer", chain.issuerKey.get(), chain.root.get(), rootKey,
-                                      options.issuerMark ? "1.2.840.113635.100.6.2.1" : nullptr);
-    X509 *const issuer = options.issuer ? chain.issuer.get() : chain.root.get();
-    chain.signer =
-        Chain::certificate("Signer", chain.signerKey.get(), issuer, options.issuer ? chain.issuerKey.get() : rootKey,
-                           options.signerMark ? "1.2.840.113635.100.6.11.1" : nullptr);
+                                      missing == Missing::issuerMark ? nullptr : "1.2.840.113635.100.6.2.1");
+    const bool byRoot = missing == Missing::issuer;
+    chain.signer = Chain::certificate("Signer", chain.signerKey.get(), (byRoot ? chain.root : chain.issuer).get(),
+                                      byRoot ? rootKey : chain.issuerKey.get(),
+                                      missing == Missing::signerMark ? nullptr : "1.2.840.113635.100.6.11.1");
 }
 
 TestAuthority::~TestAuthority() = default;

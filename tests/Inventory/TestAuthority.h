@@ -13,13 +13,10 @@ namespace Tavelo
 class TestAuthority
 {
 public:
-    struct Options {
-        bool signerMark = true; ///< The signer's certificate carries the mark of receipt signers.
-        bool issuerMark = true; ///< The issuer's certificate carries the mark of receipt issuers.
-        bool issuer = true;     ///< Without one the root signs the signer's certificate.
-    };
-    TestAuthority();
-    explicit TestAuthority(const Options &options);
+    /// What is missing: a mark of the signer's or of the issuer's certificate, or the issuer, whose place the root
+    /// takes.
+    enum class Missing { nothing, signerMark, issuerMark, issuer };
+    explicit TestAuthority(Missing missing = Missing::nothing);
     ~TestAuthority();
     Q_DISABLE_COPY_MOVE(TestAuthority)
 
