@@ -74,10 +74,8 @@ private Q_SLOTS:
             "$ /usr/bin/open ~/Applications/A.app");
         row("no path", anItem(cask, {}, u"/Gone.app"_s), "", "Không tìm thấy app path");
         row("formula with app", anItem(formula, {}, paths), "~/Applications/A.app", "Mở: Item [item]");
-        row("mime", anItem(mime, {}, paths), "", "không có app UI");
         row("shortcut without its file", catalogItem(u"meet-shortcut"_s), "https://meet.google.com",
             "$ /usr/bin/open https://meet.google.com");
-        row("blocked", anItem(blocked), "", "không được hỗ trợ trên macOS.");
         row("disks", catalogItem(u"gnome-disks"_s), "-a|Disk Utility", "$ /usr/bin/open -a Disk Utility");
         const QString settings = u"x-apple.systempreferences:com.apple."_s;
         row("keyboard", catalogItem(u"ibus-unikey"_s), settings + u"Keyboard-Settings.extension"_s, "Mở: Vietnamese");

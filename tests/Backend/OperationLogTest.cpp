@@ -4,9 +4,7 @@
 
 #include <QRegularExpression>
 #include <QTest>
-
-#include <thread>
-#include <vector>
+#include <QThreadPool>
 
 #include <sys/stat.h>
 
@@ -77,14 +75,14 @@ private Q_SLOTS:
     {
         const TemporaryMac mac;
         Workshop shop(mac.services());
-        std::vector<std::thread> threads;
+        QThreadPool pool;
+        pool.setMaxThreadCount(8);
         for (int number = 0; number < 8; ++number)
-            threads.emplace_back([&shop, number] {
+            pool.start([&shop, number] {
                 for (int count = 0; count < 50; ++count)
                     shop.log.log(QString(3000, QChar(u'a' + number)));
             });
-        for (std::thread &thread : threads)
-            thread.join();
+        pool.waitForDone();
         const QString text = QString::fromUtf8(mac.contents(shop.log.file()));
         const QRegularExpression whole(u"^\\[03:04:05\\] (.)\\1{2999}$"_s, QRegularExpression::MultilineOption);
         QCOMPARE(text.count(whole), 400);

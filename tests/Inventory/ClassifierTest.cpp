@@ -103,12 +103,9 @@ private Q_SLOTS:
 
     void unusableLicenses()
     {
-        const QByteArray deep = QByteArray(5000, '[') + QByteArray(5000, ']');
-        for (const QByteArray &unusable :
-             {QByteArray(), QByteArray("{"), QByteArray("[]"), QByteArray("\xff"), deep,
-              QByteArray(R"({"formulae": {"name": "a", "license": "MIT"}})"),
-              QByteArray(R"({"formulae": ["f", {"license": "MIT"}, {"name": 7, "license": "MIT"}, {"name": "h"},
-                             {"name": "h", "license": 3}, {"name": "h", "license": " "}]})")})
+        for (const char *unusable :
+             {"{", R"({"formulae": {"name": "a", "license": "MIT"}})",
+              R"({"formulae": ["f", {"license": "MIT"}, {"name": 7, "license": "MIT"}, {"name": "h", "license": 3}]})"})
             QVERIFY2(brewLicenses(unusable).isEmpty(), unusable);
     }
 

@@ -35,18 +35,16 @@ bool holdsSecret(const QByteArray &text)
 /// What a simulated Mac is populated with, of the test's own making: receipts and a provisioning profile.
 void addSigned(const TemporaryMac &given, const TestAuthority &authority)
 {
-    using A = TestAuthority;
-    const auto receipt = [&authority](const QByteArray &identifier, const QByteArray &created) {
-        return authority.sign(A::der(0x31, A::attribute(6, A::der(12, "TAVELO-SECRET-RECEIPT")) +
-                                               A::attribute(2, A::der(12, identifier)) +
-                                               A::attribute(12, A::der(22, created))));
+    const auto receipt = [&authority](const QString &identifier, const QString &created) {
+        return authority.sign(TestAuthority::payload(identifier, created));
     };
-    const QByteArray verified = receipt("org.example.store.verified", "2016-06-01T10:00:00Z");
+    const QString inTime = u"2016-06-01T10:00:00Z"_s;
+    const QByteArray verified = receipt(u"org.example.store.verified"_s, inTime);
     given.write(u"/verified.receipt"_s, verified);
     given.write(u"/foreign.receipt"_s, verified);
-    given.write(u"/integrity.receipt"_s, receipt("org.example.store.integrity", "2019-06-01T10:00:00Z"));
+    given.write(u"/integrity.receipt"_s, receipt(u"org.example.store.integrity"_s, u"2019-06-01T10:00:00Z"_s));
     given.write(u"/damaged.receipt"_s,
-                receipt("org.example.store.damaged", "2016-06-01T10:00:00Z").replace("2016-06-01", "2016-06-02"));
+                receipt(u"org.example.store.damaged"_s, inTime).replace("2016-06-01", "2016-06-02"));
     given.write(u"/profile.cms"_s,
                 authority.sign(PropertyList::xml(QVariantMap{{u"TeamName"_s, u"Provisioned Team of Hà Nội"_s},
                                                              {u"Name"_s, u"TAVELO-SECRET-PROFILE"_s}})));

@@ -131,7 +131,8 @@ QByteArray TestAuthority::attribute(int type, const QByteArray &value)
 
 QByteArray TestAuthority::payload(const QString &identifier, const QString &created)
 {
-    return der(0x31, attribute(0, der(0x0c, "Production")) + attribute(4, QByteArray(200, 'x')) +
+    return der(0x31, attribute(0, der(0x0c, "Production")) +
+                         attribute(4, QByteArray("TAVELO-SECRET-RECEIPT").repeated(9)) +
                          attribute(2, der(0x0c, identifier.toUtf8())) + attribute(12, der(0x16, created.toLatin1())));
 }
 

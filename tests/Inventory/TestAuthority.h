@@ -31,7 +31,7 @@ public:
     static QByteArray der(quint8 tag, const QByteArray &content);
     /// One attribute of a receipt's payload.
     static QByteArray attribute(int type, const QByteArray &value);
-    /// A payload with an identifier, a creation date and a few attributes that nobody reads.
+    /// A payload with an identifier, a creation date and attributes that nobody is to read.
     static QByteArray payload(const QString &identifier, const QString &created);
 
 private:

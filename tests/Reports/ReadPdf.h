@@ -1,8 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QColor>
-#include <QImage>
 #include <QList>
 #include <QRectF>
 #include <QString>
@@ -11,7 +9,6 @@
 #include <memory>
 
 #include <poppler-document.h>
-#include <poppler-page-renderer.h>
 #include <poppler-page.h>
 
 namespace Tavelo
@@ -68,26 +65,6 @@ public:
             if (run.text.startsWith(beginning) && std::abs(run.box.top() - y) < 0.3)
                 return run;
         return {};
-    }
-
-    bool has(size_t page, const QString &beginning, double y) const { return !run(page, beginning, y).text.isEmpty(); }
-
-    QImage picture(size_t page, const QRectF &area, double pixelsPerPoint) const
-    {
-        const auto pixels = [pixelsPerPoint](double length) { return qRound(length * pixelsPerPoint); };
-        poppler::page_renderer renderer;
-        renderer.set_image_format(poppler::image::format_argb32);
-        const poppler::image image = renderer.render_page(
-            pages.at(page).get(), 72 * pixelsPerPoint, 72 * pixelsPerPoint, pixels(area.x()), pixels(area.y()),
-            std::max(1, pixels(area.width())), std::max(1, pixels(area.height())));
-        return QImage(reinterpret_cast<const uchar *>(image.const_data()), image.width(), image.height(),
-                      image.bytes_per_row(), QImage::Format_ARGB32)
-            .copy();
-    }
-
-    QColor color(size_t page, const QPointF &point) const
-    {
-        return picture(page, {point, QSizeF()}, 40).pixelColor(0, 0);
     }
 
 private:
