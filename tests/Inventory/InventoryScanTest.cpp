@@ -191,7 +191,8 @@ private Q_SLOTS:
             u"|Zeta|Twin Zeta|Twin Usurped Zeta|alpha Twin Usurped Zeta|alpha omega Twin Usurped Zeta|"
             "alpha omega Twin Zeta ZZ.y|alpha lone.one omega Twin Zeta ZZ.y"_s.split(u'|');
         for (int question = 1; question <= collecting + 8; ++question) {
-            SmallScan scan{.cancelledAt = question};
+            SmallScan scan;
+            scan.cancelledAt = question;
             scan.mac.addApp(u"/Applications/Folder/Zeta.app"_s, u"org.zeta"_s);
             scan.mac.addApp(u"/Applications/Twin.app"_s, u"org.twin"_s);
             scan.mac.addApp(u"/usr/libexec/Helper.app"_s, u"org.helper"_s);

@@ -127,8 +127,8 @@ private Q_SLOTS:
             while (m_typography.width(full + u'n', {size, QFont::Medium}) <= textWidth)
                 full += u'n';
             QStringList numbers;
-            for (const QString &text : {u"日"_s, u"日\n日"_s, u"日\n"_s.repeated(9) + u'日', full, full + u'n',
-                                        full + u' ' + full + u" n"_s, u"a\u2028b\r\nc\u0085"_s})
+            for (const QString &text : QStringList{u"日"_s, u"日\n日"_s, u"日\n"_s.repeated(9) + u'日', full,
+                                                   full + u'n', full + u' ' + full + u" n"_s, u"a\u2028b\r\nc\u0085"_s})
                 numbers << QString::number(height(make(text), 511, m_typography));
             return numbers.join(u' ');
         };
