@@ -132,9 +132,16 @@ private Q_SLOTS:
                 numbers << QString::number(height(make(text), 511, m_typography));
             return numbers.join(u' ');
         };
-        QCOMPARE(heights([](const QString &text) { return Blocks::Notes{{}, text}; }, 9.5, 483), u"58 60 160 58 60 73 85"_s);
-        QCOMPARE(heights([](const QString &text) { return Blocks::DetailRow{text}; }, 8.7, 483), u"29 37 129 29 37 48 60"_s);
-        QCOMPARE(heights([](const QString &text) { return Blocks::Paragraph{text}; }, 9.2, 511), u"20 30 127 20 30 42 54"_s);
+        QCOMPARE(heights(
+                     [](const QString &text) {
+                         return Blocks::Notes{{}, text};
+                     },
+                     9.5, 483),
+                 u"58 60 160 58 60 73 85"_s);
+        QCOMPARE(heights([](const QString &text) { return Blocks::DetailRow{text}; }, 8.7, 483),
+                 u"29 37 129 29 37 48 60"_s);
+        QCOMPARE(heights([](const QString &text) { return Blocks::Paragraph{text}; }, 9.2, 511),
+                 u"20 30 127 20 30 42 54"_s);
     }
 
 private:
