@@ -94,8 +94,7 @@ private Q_SLOTS:
             "", "needsEntitlementReview microsoft-license-store indicative",
             "microsoft-license-store:inaccessible microsoft-license-store");
         row("not Office", "Microsoft Word", "com.microsoft.teams2",
-            "+/Preferences/com.microsoft.office.licensing.plist", "",
-            "noEvidence multi-layer-local-scan none", "");
+            "+/Preferences/com.microsoft.office.licensing.plist", "", "noEvidence multi-layer-local-scan none", "");
         row("Parallels locked", "X", "Parallels", "+/Preferences/Parallels/licenses.json=locked", "",
             "accessRestricted local-access-restricted none", "parallels-license-store:inaccessible");
         row("several vendors", "Setapp for AnyDesk", "x",
