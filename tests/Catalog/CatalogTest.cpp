@@ -18,7 +18,7 @@ namespace
 /// The ids that are left of these items, which get the letters of the alphabet for ids.
 QString left(QList<AppItem> items, const std::function<QList<AppItem>(const QList<AppItem> &)> &apply)
 {
-    for (qsizetype index = 0; index < items.size(); ++index)
+    for (int index = 0; index < items.size(); ++index)
         items[index].id = QChar(u'a' + index);
     QStringList ids;
     for (const AppItem &item : apply(items))
