@@ -32,8 +32,9 @@ private Q_SLOTS:
         mac.environment.insert(u"TAVELO_SUPABASE_ANON_KEY"_s, u"local-anon-key"_s);
         const QString link = u"https://downloads.tavelo.invalid/a%20b.DMG?x"_s;
         m_cloud.write(u"release-policy.json"_s,
-                      R"({"update_available": true, "latest_version": "2.0", "message": "Own", "download_url": ")" +
-                          link.toUtf8() + "\"}");
+                      QByteArray(R"({"update_available": true, "latest_version": "2.0", "message": "Own",)"
+                                 R"("download_url": "LINK"})")
+                          .replace("LINK", link.toUtf8()));
         m_cloud.write(u"app_catalog.json"_s, R"([{"item_id": "vlc", "is_active": false}])");
         m_cloud.write(u"business.json"_s, R"({"policies": [{"policy": {"allowed_item_ids": ["gimp", "evince"]}}]})");
         WatchedViewModel model(mac.services(), {}, std::make_unique<NetworkTransport>());

@@ -14,6 +14,15 @@ using namespace Qt::StringLiterals;
 using namespace Tavelo;
 using namespace std::chrono_literals;
 
+namespace
+{
+
+const QByteArray requiredUpdate =
+    R"({"update_required": "yes", "latest_version": "9.0", "message": "", "title": "Please update",
+        "download_url": "https://elsewhere.example/a.dmg"})";
+
+} // namespace
+
 class DeskrigViewModelTest : public QObject
 {
     Q_OBJECT
@@ -227,9 +236,7 @@ private Q_SLOTS:
         model.take();
 
         QCOMPARE(model.network().waiting.size(), 1);
-        model.network().answer(
-            R"({"update_required": "yes", "latest_version": "9.0", "message": "", "title": "Please update",
-                "download_url": "https://elsewhere.example/a.dmg"})");
+        model.network().answer(requiredUpdate);
         QTRY_VERIFY_WITH_TIMEOUT(model->updateRequired(), 20000);
         QCOMPARE(model->updateMessage(), u"Install Tavelo Deskrig 9.0 or newer to continue."_s);
         QCOMPARE(model.take(),
