@@ -147,6 +147,7 @@ private Q_SLOTS:
         QCOMPARE(log.size(), end + 2);
         QCOMPARE(log.last(), table.at(end + 1));
         QVERIFY(log.last().endsWith(u"] Đã ghi report: "_s + report));
+        QVERIFY(log.at(0).endsWith(u"] System check summary:"_s));
         QVERIFY(log.at(1).endsWith(u"] CHECK OK: macOS compatibility - macOS 14.6.1."_s));
         QVERIFY(outcome.output.startsWith(log.mid(0, end + 1).join(u'\n') + u'\n'));
     }

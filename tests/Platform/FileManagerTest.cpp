@@ -101,6 +101,9 @@ private Q_SLOTS:
     {
         m_mac.furnish(u"mkdir -m 755 v links2; mkfifo pipe2; printf mine >v/file; chmod 644 v/file; "
                       "ln -s ../v links2/folder; ln -s ../v/file links2/file; ln -s ../v/none links2/nowhere"_s);
+        FileError error;
+        QVERIFY(!m_files.append(u"/links2/file"_s, "x", &error));
+        QCOMPARE(error.code, ELOOP);
         m_files.setMode(u"/links2/file"_s, 0600);
         QVERIFY(!m_files.createFile(u"/links2/file"_s, 0600) && !m_files.createFile(u"/links2/nowhere"_s, 0600));
         QVERIFY(!m_mac.exists(u"/v/none"_s));
@@ -110,7 +113,6 @@ private Q_SLOTS:
         QVERIFY(m_files.setMode(u"/links2/folder"_s, 0700));
         QCOMPARE(m_mac.mode(u"/v"_s), 0700);
 
-        FileError error;
         const int reader = ::open(qPrintable(m_mac.hostPath(u"/pipe2"_s)), O_RDONLY | O_NONBLOCK);
         QVERIFY(reader >= 0 && !m_files.append(u"/pipe2"_s, "x", &error));
         QCOMPARE(error.code, EINVAL);
