@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <QTest>
+#include <QThreadPool>
 
 #include <memory>
 #include <thread>
@@ -39,6 +40,23 @@ private Q_SLOTS:
         QTRY_COMPARE(ran, u"acdbfg"_s); // by the event loop
         post(u'h');
         QTRY_COMPARE(ran, u"acdbfgh"_s);
+    }
+
+    void callsOfManyThreadsAllRun()
+    {
+        MainQueue queue;
+        int ran = 0;
+        QThreadPool pool;
+        pool.setMaxThreadCount(4);
+        for (int number = 0; number < 4; ++number)
+            pool.start([&] {
+                for (int count = 0; count < 5000; ++count)
+                    queue.post([&ran] { ++ran; });
+            });
+        while (!pool.waitForDone(0))
+            queue.service();
+        queue.service();
+        QCOMPARE(ran, 20000);
     }
 
     void aCallMayEndTheQueue()
