@@ -2,10 +2,11 @@
 
 #include <QStringList>
 #include <QTest>
-#include <QThreadPool>
 
+#include <atomic>
 #include <memory>
 #include <thread>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace Tavelo;
@@ -46,15 +47,17 @@ private Q_SLOTS:
     {
         MainQueue queue;
         int ran = 0;
-        QThreadPool pool;
-        pool.setMaxThreadCount(4);
+        std::atomic<int> posted = 0;
+        std::vector<std::thread> threads;
         for (int number = 0; number < 4; ++number)
-            pool.start([&] {
-                for (int count = 0; count < 5000; ++count)
+            threads.emplace_back([&] {
+                for (int count = 0; count < 5000; ++count, ++posted)
                     queue.post([&ran] { ++ran; });
             });
-        while (!pool.waitForDone(0))
+        while (posted < 20000)
             queue.service();
+        for (std::thread &thread : threads)
+            thread.join();
         queue.service();
         QCOMPARE(ran, 20000);
     }
