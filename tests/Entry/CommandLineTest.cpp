@@ -193,7 +193,7 @@ private Q_SLOTS:
         shell.setProcessEnvironment(mac.environment);
         shell.start(u"/bin/sh"_s,
                     {u"-c"_s, line, u"sh"_s, ProgramOnAMac::program(), u"--preset=minimal"_s, u"--yes"_s});
-        QVERIFY(shell.waitForFinished(900000));
+        QVERIFY(shell.waitForFinished(120000));
         QCOMPARE(shell.exitCode(), 0);
         QCOMPARE(shell.readAllStandardError(), QByteArray());
         const bool hasLog = !line.contains(u"/etc/hosts");

@@ -7,14 +7,6 @@
 namespace Tavelo
 {
 
-namespace
-{
-
-/// Ends what hangs, in ms. A flood of output takes minutes under a sanitizer on a busy machine.
-constexpr int longest = 900000;
-
-} // namespace
-
 ProgramOnAMac::ProgramOnAMac(const QStringList &options)
 {
     furnish(QStringLiteral("make-mac"), QStringList{QStringLiteral("--pace"), QStringLiteral("0")} + options);
@@ -27,7 +19,8 @@ ProgramOnAMac::Outcome ProgramOnAMac::run(const QString &arguments, const QByteA
     process.start(program(), arguments.split(u' '));
     process.write(input);
     process.closeWriteChannel();
-    if (!process.waitForFinished(longest))
+    // Ends what hangs. A flood of output takes minutes under a sanitizer on a busy machine.
+    if (!process.waitForFinished(900000))
         return {};
     return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
             QString::fromUtf8(process.readAllStandardOutput()), QString::fromUtf8(process.readAllStandardError())};
@@ -38,7 +31,7 @@ void ProgramOnAMac::furnish(const QString &tool, const QStringList &arguments) c
     QProcess process;
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(SIMULATED_MAC "/") + tool, QStringList(folder()) + arguments);
-    if (!process.waitForFinished(longest) || process.exitCode() != 0)
+    if (!process.waitForFinished() || process.exitCode() != 0)
         qFatal("%s %s: %s", qPrintable(tool), qPrintable(arguments.join(u' ')),
                process.readAllStandardError().constData());
 }
